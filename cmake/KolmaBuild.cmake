@@ -19,12 +19,15 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/archive)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${KOLMA_DRIVER_DIR}")
 
+# The layers' include folders (kolma_layer) are the same for every build tree, so that the compiler cache serves them all.
+set(KOLMA_LAYERS ${CMAKE_SOURCE_DIR}/build/layers)
+
 add_library(kolma_options INTERFACE)
 target_compile_options(kolma_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Werror
   # Raising sites record their source file: relative to the tree, the same on every machine.
-  -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/= -fmacro-prefix-map=${CMAKE_BINARY_DIR}/layers/platform/=
-  -fmacro-prefix-map=${CMAKE_BINARY_DIR}/layers/jtcore/= -fmacro-prefix-map=${CMAKE_BINARY_DIR}/layers/plugin_ui/=)
+  -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/= -fmacro-prefix-map=${KOLMA_LAYERS}/platform/=
+  -fmacro-prefix-map=${KOLMA_LAYERS}/jtcore/= -fmacro-prefix-map=${KOLMA_LAYERS}/plugin_ui/=)
 target_link_libraries(kolma_options INTERFACE Threads::Threads)
 if(KOLMA_SANITIZE)
   target_compile_options(kolma_options INTERFACE
@@ -37,10 +40,10 @@ if(KOLMA_FUZZ)
 endif()
 
 # kolma_layer(NAME): makes kolma_NAME_headers, by which a target sees "NAME/..." and nothing else of the tree.
-# A layer is reached through a folder of its own in the build tree, so an include against the direction of
+# A layer is reached through a folder of its own under build, so an include against the direction of
 # the arrows (jtcore of plugin_ui, say) does not compile.
 function(kolma_layer name)
-  set(root ${CMAKE_BINARY_DIR}/layers/${name})
+  set(root ${KOLMA_LAYERS}/${name})
   file(MAKE_DIRECTORY ${root})
   file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${name} ${root}/${name} SYMBOLIC)
   add_library(kolma_${name}_headers INTERFACE)
