@@ -126,7 +126,7 @@ TEST(Platform, theUsersLocaleTellsUnitsAndPaperAndTheProcesssStaysAsItIs) {
 }
 
 TEST(Platform, theProfileFolderIsTheUsersHome) {
-    EnvironmentVariable home("HOME", "/users/größe/");
+    EnvironmentVariable home("HOME", "/user/größe/");
     HANDLE token = nullptr;
     ASSERT_TRUE(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token));
     DWORD size = 0;
@@ -135,7 +135,7 @@ TEST(Platform, theProfileFolderIsTheUsersHome) {
     ASSERT_EQ(size, 12U);
     WCHAR path[12];
     EXPECT_TRUE(GetUserProfileDirectoryW(token, path, &size));
-    EXPECT_EQ(path, std::u16string(u"/users/gr\xF6\xDF\x65"));
+    EXPECT_EQ(path, std::u16string(u"/user/gr\xF6\xDF\x65"));
     EXPECT_EQ(GetWindowsDirectoryW(nullptr, 0), 12U);
     EXPECT_EQ(GetWindowsDirectoryW(path, 12), 11U);
     EXPECT_TRUE(CloseHandle(token));
