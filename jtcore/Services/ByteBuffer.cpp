@@ -20,8 +20,6 @@ ByteBuffer::ByteBuffer(std::int32_t value) {
         bytes_.push_back(static_cast<std::uint8_t>(bits >> shift));
 }
 
-ByteBuffer::ByteBuffer(bool value) : bytes_(1, value ? 1 : 0) {}
-
 void ByteBuffer::setData(const void* data, std::size_t size) {
     const auto* first = static_cast<const std::uint8_t*>(data);
     std::vector<std::uint8_t> fresh(first, first + size);

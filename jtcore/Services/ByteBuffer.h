@@ -1,6 +1,7 @@
 // An owned, growable block of bytes: the one carrier of raw bytes. Copied by value. An empty buffer has no storage.
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -15,8 +16,9 @@ public:
     explicit ByteBuffer(std::u16string_view text);
     // Four bytes, low byte first.
     explicit ByteBuffer(std::int32_t value);
-    // One byte, 1 or 0.
-    explicit ByteBuffer(bool value);
+    // One byte, 1 or 0. Of bool alone: a pointer to characters is a text.
+    template <std::same_as<bool> T>
+    explicit ByteBuffer(T value) : bytes_(1, value ? 1 : 0) {}
 
     // Null when empty.
     const std::uint8_t* getData() const noexcept { return bytes_.empty() ? nullptr : bytes_.data(); }

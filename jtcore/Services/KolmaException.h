@@ -8,11 +8,11 @@
 // ends in "\r\n".
 #pragma once
 
+#include "jtcore/Services/SourceLocation.h"
 #include "jtcore/Services/formatMessage.h"
 
 #include <cstdint>
 #include <exception>
-#include <source_location>
 #include <string>
 
 // Masks that say which subsystem raised; they reach only the trace hook.
@@ -69,16 +69,16 @@ private:
 // What a raising site hands over: the format, and where in the source it stands.
 struct RaiseSite {
     template <typename Format>
-    RaiseSite(const Format& messageFormat, std::source_location where = std::source_location::current())
+    RaiseSite(const Format& messageFormat, SourceLocation where = SourceLocation::current())
         : format(messageFormat), location(where) {}
     MessageFormat format;
-    std::source_location location;
+    SourceLocation location;
 };
 
 // Formats the message and throws Exception. REQUIRES: Exception is constructed from a message.
 template <typename Exception, typename... Arguments>
 [[noreturn]] void raise(const RaiseSite& site, const Arguments&... arguments) {
-    KolmaException::setFileAndLine(site.location.file_name(), static_cast<std::int32_t>(site.location.line()));
+    KolmaException::setFileAndLine(site.location.file, static_cast<std::int32_t>(site.location.line));
     KolmaException::setTraceClass(traceClassDefault);
     throw Exception(formatMessage(site.format, arguments...));
 }
@@ -86,7 +86,7 @@ template <typename Exception, typename... Arguments>
 // The same with a trace class of the caller's.
 template <typename Exception, typename... Arguments>
 [[noreturn]] void raiseTraced(std::uint32_t traceClass, const RaiseSite& site, const Arguments&... arguments) {
-    KolmaException::setFileAndLine(site.location.file_name(), static_cast<std::int32_t>(site.location.line()));
+    KolmaException::setFileAndLine(site.location.file, static_cast<std::int32_t>(site.location.line));
     KolmaException::setTraceClass(traceClass);
     throw Exception(formatMessage(site.format, arguments...));
 }

@@ -1,8 +1,9 @@
 // A named critical section for one thing that several objects share. Each is a static object.
 #pragma once
 
+#include "jtcore/Services/SourceLocation.h"
+
 #include <mutex>
-#include <source_location>
 
 class OwnedCriticalResource {
 public:
@@ -15,10 +16,10 @@ public:
     // Holds the resource from its construction to its end, and remembers for the debugger who does.
     class Guard {
     public:
-        explicit Guard(OwnedCriticalResource& resource, std::source_location where = std::source_location::current())
+        explicit Guard(OwnedCriticalResource& resource, SourceLocation where = SourceLocation::current())
             : resource_(resource), lock_(resource.mutex_) {
-            resource_.file_ = where.file_name();
-            resource_.line_ = where.line();
+            resource_.file_ = where.file;
+            resource_.line_ = where.line;
         }
         ~Guard() {
             resource_.file_ = "";

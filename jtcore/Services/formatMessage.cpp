@@ -65,34 +65,42 @@ std::uint64_t asUnsigned(const FormatArgument& argument) {
     return argument.bits() == 32 ? bits & 0xFFFFFFFFU : bits;
 }
 
-std::u16string pad(std::u16string text, const Directive& directive, bool number) {
-    if (text.size() >= directive.width) return text;
-    std::size_t missing = directive.width - text.size();
-    if (directive.left) return text.append(missing, u' ');
-    bool zeros = number && directive.zero && directive.precision == std::u16string_view::npos;
-    std::size_t sign = zeros && text.starts_with(u'-') ? 1 : 0;
-    return text.insert(sign, missing, zeros ? u'0' : u' ');
+// The prefix of a number (sign, 0x) stands before the zeros that fill it up, and behind blanks.
+std::u16string pad(const Directive& directive, const std::u16string& prefix, std::u16string text, bool zeros) {
+    std::size_t size = prefix.size() + text.size();
+    std::size_t missing = size < directive.width ? directive.width - size : 0;
+    if (directive.left) return prefix + text.append(missing, u' ');
+    if (zeros) return prefix + text.insert(0, missing, u'0');
+    return std::u16string(missing, u' ') + prefix + text;
 }
 
 std::u16string formatNumber(const Directive& directive, const FormatArgument& argument) {
-    std::u16string sign;
+    std::u16string prefix;
     std::uint64_t magnitude = asUnsigned(argument);
-    unsigned base = directive.conversion == u'x' || directive.conversion == u'X' ? 16 : 10;
+    bool isHexadecimal = directive.conversion == u'x' || directive.conversion == u'X';
     bool isSigned = directive.conversion == u'd' || directive.conversion == u'i';
     if (const auto* number = std::get_if<std::int64_t>(&argument.value()); isSigned && number && *number < 0) {
-        sign = u"-";
+        prefix = u"-";
         magnitude = 0 - static_cast<std::uint64_t>(*number);
     }
-    std::u16string text = digits(magnitude, base, directive.conversion == u'X');
-    if (directive.precision != std::u16string_view::npos && text.size() < directive.precision)
-        text.insert(0, directive.precision - text.size(), u'0');
-    if (directive.alternate && base == 16) sign += directive.conversion == u'X' ? u"0X" : u"0x";
-    return pad(sign + text, directive, true);
+    if (directive.alternate && isHexadecimal && magnitude != 0) prefix = directive.conversion == u'X' ? u"0X" : u"0x";
+    std::u16string text = digits(magnitude, isHexadecimal ? 16 : 10, directive.conversion == u'X');
+    bool hasPrecision = directive.precision != std::u16string_view::npos;
+    if (hasPrecision && text.size() < directive.precision) text.insert(0, directive.precision - text.size(), u'0');
+    return pad(directive, prefix, std::move(text), directive.zero && !hasPrecision);
 }
 
 std::u16string formatText(const Directive& directive, std::u16string text) {
     if (text.size() > directive.precision) text.resize(directive.precision);
-    return pad(std::move(text), directive, false);
+    return pad(directive, {}, std::move(text), false);
+}
+
+// No more of it than the result can hold: the text may be a whole document.
+std::u16string asText(const FormatArgument& argument) {
+    constexpr std::size_t mostBytesOfUnit = 3;
+    if (const auto* wide = std::get_if<std::u16string_view>(&argument.value()))
+        return std::u16string(wide->substr(0, formatMaximum));
+    return fromUtf8(std::get<std::string_view>(argument.value()).substr(0, formatMaximum * mostBytesOfUnit));
 }
 
 // True, and the text in `out`, when the argument is of the kind that the directive asks for.
@@ -115,10 +123,7 @@ bool formatOne(const Directive& directive, const FormatArgument& argument, std::
     case u's':
     case u'S':
         if (isNumber) return false;
-        if (const auto* wide = std::get_if<std::u16string_view>(&value))
-            out += formatText(directive, std::u16string(*wide));
-        else
-            out += formatText(directive, fromUtf8(std::get<std::string_view>(value)));
+        out += formatText(directive, asText(argument));
         return true;
     default:
         return false;
