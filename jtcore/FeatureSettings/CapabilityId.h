@@ -17,7 +17,7 @@ public:
     const SyntaxList& getSyntaxes() const override { return info().syntaxes; }
 
     CapabilityCategory getCategory() const { return info().category; }
-    CapabilityType getCapabilityType() const { return info().type; }
+    CapabilityType getCapabilityType() const noexcept { return type_; }
 
     // The types of a feature's rows, or of those of one category, in the order of their numbers.
     static CapabilityTypeList getCapabilityTypes(Feature feature);

@@ -1,0 +1,20 @@
+#include "jtcore/AnlXlate/SmallJtifTranslator.h"
+
+#include "jtcore/AnlXlate/abbreviate.h"
+#include "jtcore/JtifParse/KolmaXmlFile.h"
+
+bool SmallJtifTranslator::prepareForWriting(const AttrNodeList& list, AttrNodeList& prepared) const {
+    prepared = list;
+    abbreviateList(prepared);
+    return true;
+}
+
+void SmallJtifTranslator::finishAfterReading(AttrNodeList& list) const { expandList(list); }
+
+std::unique_ptr<KolmaXmlFile> SmallJtifTranslator::createXmlFile(const std::u16string& fileName) const {
+    return std::make_unique<KolmaXmlFile>(XmlDataType::compactTicket, fileName);
+}
+
+std::unique_ptr<KolmaXmlDataStream> SmallJtifTranslator::createXmlStream() const {
+    return std::make_unique<KolmaXmlDataStream>(XmlDataType::compactTicket);
+}
