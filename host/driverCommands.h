@@ -1,0 +1,4 @@
+// kolma drivers
+#pragma once
+
+int listDrivers(bool json);
