@@ -3,6 +3,7 @@
 // One name for each resource of the module jtres37.dll, read by the resource scripts and by C++ alike.
 // A number is for good: a translated module made for one version is looked up by the same numbers in the next.
 
+#include "resources/ids_capabilities.h"
 #include "resources/ids_features.h"
 #include "resources/ids_values.h"
 
