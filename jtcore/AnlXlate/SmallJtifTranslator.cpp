@@ -2,6 +2,18 @@
 
 #include "jtcore/AnlXlate/abbreviate.h"
 #include "jtcore/JtifParse/KolmaXmlFile.h"
+#include "jtcore/JtifParse/compactText.h"
+
+void SmallJtifTranslator::bufferToAnl(const ByteBuffer& bytes, AttrNodeList& list) const {
+    if (!readCompactText(bytes, list)) return AnlTranslatorForXml::bufferToAnl(bytes, list);
+    finishAfterReading(list);
+}
+
+void SmallJtifTranslator::anlToBuffer(const AttrNodeList& list, ByteBuffer& bytes) const {
+    AttrNodeList prepared;
+    prepareForWriting(list, prepared);
+    if (!writeCompactText(prepared, bytes)) AnlTranslatorForXml::anlToBuffer(list, bytes);
+}
 
 bool SmallJtifTranslator::prepareForWriting(const AttrNodeList& list, AttrNodeList& prepared) const {
     prepared = list;

@@ -8,6 +8,11 @@ class SmallJtifTranslator final : public AnlTranslatorForXml {
 public:
     SmallJtifTranslator() noexcept : AnlTranslatorForXml(false) {}
 
+    // Text of our own making is read, and nearly all text is written, without the XML library; the rest goes the way
+    // of every other document.
+    void bufferToAnl(const ByteBuffer& bytes, AttrNodeList& list) const override;
+    void anlToBuffer(const AttrNodeList& list, ByteBuffer& bytes) const override;
+
 protected:
     bool prepareForWriting(const AttrNodeList& list, AttrNodeList& prepared) const override;
     void finishAfterReading(AttrNodeList& list) const override;
