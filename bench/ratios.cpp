@@ -24,7 +24,7 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
         bool isMedian = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
         if (!isMedian) continue;
         // A benchmark of other processes is measured by the clock, all others by the time of this one.
-        double time = run.run_name.time_type == "real_time" ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
+        double time = !run.run_name.time_type.empty() ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
         medians_.push_back({run.run_name.function_name, time / benchmark::GetTimeUnitMultiplier(run.time_unit) * 1e9});
     }
 }

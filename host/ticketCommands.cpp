@@ -72,6 +72,7 @@ int areaToTicket(const std::u16string& file, const std::u16string& output) {
 int checkTickets(const std::vector<std::u16string>& files, const std::u16string& printer, bool json) {
     const PrinterHandle handle(printer);
     std::vector<const char16_t*> names;
+    names.reserve(files.size());
     for (const std::u16string& file : files)
         names.push_back(file.c_str());
     TicketRequest request = makeRequest(TicketOperation::checkTickets, files.front(), nullptr);

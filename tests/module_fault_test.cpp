@@ -14,17 +14,16 @@
 #include "platform/windows.h"
 #include "tests/ElfSymbols.h"
 #include "tests/ModuleUnderTest.h"
+#include "tests/replacedNew.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <new>
 
 namespace {
 
@@ -50,17 +49,6 @@ constexpr const char* kindNames[] = {"int", "const char*", "std::runtime_error",
     std::abort();
 }
 
-// Which allocation fails: the countdown runs while it is above zero, and at zero one fails, or all from there on.
-std::atomic<long> allocationsLeft{-1};
-std::atomic<bool> onlyOneFails{true};
-
-bool mayAllocate() {
-    if (allocationsLeft < 0) return true;
-    if (allocationsLeft-- > 0) return true;
-    allocationsLeft = onlyOneFails ? -1 : 0;
-    return false;
-}
-
 // Which service throws, from which of its calls on, and whether only that once.
 struct Fault {
     const char* service = nullptr;
@@ -84,14 +72,6 @@ void maybeThrow(const char* service) {
 }
 
 } // namespace
-
-// Not inlined: the optimiser would see the allocation of one and the release of the other as a mismatch.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    void* memory = mayAllocate() ? std::malloc(size ? size : 1) : nullptr;
-    return memory ? memory : throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 // Result, name, parameters, arguments: every service that the module calls.
 #define SERVICES(ROW)                                                                                                  \
@@ -271,7 +251,8 @@ protected:
         UserPreferences(driver).setJobNamePreference(false);
     }
 
-    // Holds the conversation with the fault in a process of its own. Returns what went wrong, empty when nothing did.
+    // Holds the conversation with the fault in a process of its own. Returns what went wrong, empty when nothing
+    // did.
     std::string talkWith(const Fault& armed) {
         int report[2];
         if (pipe(report) != 0) return "no pipe";
@@ -397,10 +378,10 @@ TEST_F(ModuleFaults, everyAllocationOfAnOperationMayFail) {
                 param.hPrinter = printer.handle;
                 param.pOEMDMIn = in.data();
                 param.pOEMDMOut = out.data();
-                onlyOneFails = onlyOne;
-                allocationsLeft = point;
+                allocations::onlyOneFails = onlyOne;
+                allocations::left = point;
                 const HRESULT result = object->DevMode(operation.mode, &param);
-                hasFailed = allocationsLeft.exchange(-1) <= 0;
+                hasFailed = allocations::left.exchange(-1) <= 0;
                 ASSERT_EQ(result, S_OK) << operation.what << ", allocation " << point;
                 ASSERT_GE(copiesOf(out), 0) << operation.what << ", allocation " << point;
             }
@@ -409,10 +390,10 @@ TEST_F(ModuleFaults, everyAllocationOfAnOperationMayFail) {
     for (const bool onlyOne : {true, false}) {
         bool isMade = false;
         for (long point = 0; !isMade; ++point) {
-            onlyOneFails = onlyOne;
-            allocationsLeft = point;
+            allocations::onlyOneFails = onlyOne;
+            allocations::left = point;
             IPrintOemUI* made = module.createObject();
-            isMade = allocationsLeft.exchange(-1) > 0;
+            isMade = allocations::left.exchange(-1) > 0;
             if (made) made->Release();
         }
     }

@@ -32,11 +32,12 @@ _kolma() {
 
   local options="--help --verbose" offered=""
   case "${words[*]:0:2}" in
-    "") offered="drivers printer devmode ticket capabilities" options="--help --version --verbose" ;;
+    "") offered="drivers printer devmode ticket capabilities stocks" options="--help --version --verbose" ;;
     printer) offered="add list remove" ;;
     devmode) offered="default convert merge show from-ticket to-ticket" ;;
     ticket) offered="show check fix" ;;
     capabilities) offered="show import clear" ;;
+    stocks) offered="list" ;;
     drivers* | "printer list") options+=" --json" ;;
     "printer add") options+=" --driver" ;;
     "printer remove") ((${#words[@]} == 2)) && [[ $cur != -* ]] && _kolma_offer_lines < <(_kolma_printers) ;;
@@ -47,6 +48,9 @@ _kolma() {
         return
       fi
       [[ ${words[1]} == import ]] && offered=FILES ;;
+    "stocks list")
+      options+=" --json"
+      ((${#words[@]} == 2)) && [[ $cur != -* ]] && _kolma_offer_lines < <(_kolma_printers) ;;
     "devmode default" | "devmode convert" | "devmode merge")
       options+=" --output"
       if ((${#words[@]} == 2)) && [[ $cur != -* ]]; then

@@ -78,7 +78,8 @@ void AttributeTree::addList(const AttrNodeList& list, std::size_t depth, std::u1
         addNode(node, depth, owner, toTerminal(node.getAttrID().getName()));
 }
 
-void AttributeTree::addNode(const AttrNode& node, std::size_t depth, std::u16string_view owner, std::string name) {
+void AttributeTree::addNode(const AttrNode& node, std::size_t depth, std::u16string_view owner,
+                            const std::string& name) {
     const AttrValue& value = node.getAttrValue();
     const AttrNodeList* list = asList(value);
     const bool isElement = node.getAttrID().getName() == u"value";

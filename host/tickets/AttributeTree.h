@@ -25,7 +25,7 @@ private:
     };
 
     void addList(const AttrNodeList& list, std::size_t depth, std::u16string_view owner);
-    void addNode(const AttrNode& node, std::size_t depth, std::u16string_view owner, std::string name);
+    void addNode(const AttrNode& node, std::size_t depth, std::u16string_view owner, const std::string& name);
     void addSetElements(const AttrNodeList& list, std::size_t depth, std::u16string_view owner);
     std::string labelOf(std::u16string_view feature, bool isElement, const AttrValue& value) const;
 

@@ -51,11 +51,13 @@ std::vector<std::u16string> namedSizesOf(const Capabilities& capabilities) {
     return names;
 }
 
-std::vector<std::u16string> membersOf(const Capabilities& capabilities, Feature feature) {
-    std::vector<std::u16string> members;
+std::vector<FeatureReport::Choice> membersOf(const Capabilities& capabilities, Feature feature,
+                                             const FeatureLabels& labels) {
+    std::vector<FeatureReport::Choice> members;
     if (const AttrNodeList* list = capabilities.getCapabilityList({feature, CapabilityType::memberList}))
         for (const AttrNode& node : *list)
-            if (const std::u16string* keyword = listedKeyword(node)) members.push_back(*keyword);
+            if (const std::u16string* id = listedKeyword(node))
+                members.push_back({*id, wordsOr(labels.ofFeature(*id), *id)});
     return members;
 }
 
@@ -108,8 +110,11 @@ FeatureReport reportFeature(const Capabilities& capabilities, const FeatureId& f
         report.resolutions = resolutionsOf(capabilities);
     else
         report.choices = choicesOf(capabilities, feature, labels);
-    if (feature.getNumber() == Feature::mediaSize) report.sizes = namedSizesOf(capabilities);
-    report.members = membersOf(capabilities, feature.getNumber());
+    if (feature.getNumber() == Feature::mediaSize) {
+        report.sizes = namedSizesOf(capabilities);
+        report.customSizes = answerOf([&] { return capabilities.getStockSizeRange(); });
+    }
+    report.members = membersOf(capabilities, feature.getNumber(), labels);
     report.range = answerOf([&] { return rangeOf(capabilities, feature); });
     report.characterLimit = answerOf([&] { return capabilities.getUpperLimit(feature); });
     report.precision = answerOf([&] { return capabilities.getPrecision(feature); });

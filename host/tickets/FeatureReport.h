@@ -20,8 +20,9 @@ struct FeatureReport {
     std::u16string words;
     std::vector<Choice> choices;
     std::vector<Resolution> resolutions;
-    std::vector<std::u16string> sizes;   // the words for the named paper sizes
-    std::vector<std::u16string> members; // ids
+    std::optional<StockSizeRange> customSizes;
+    std::vector<std::u16string> sizes; // the words for the named paper sizes
+    std::vector<Choice> members;       // features, the text being the id
     // Of the value, or of the number of characters of a text.
     std::optional<std::pair<std::int32_t, std::int32_t>> range;
     std::optional<std::int32_t> characterLimit;

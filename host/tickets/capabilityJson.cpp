@@ -22,6 +22,13 @@ Json toJson(const std::vector<FeatureReport::Choice>& choices) {
     return array;
 }
 
+Json idsOf(const std::vector<FeatureReport::Choice>& members) {
+    Json array = Json::array();
+    for (const FeatureReport::Choice& member : members)
+        array.push_back(toUtf8(member.text));
+    return array;
+}
+
 Json toJson(const std::vector<Resolution>& resolutions) {
     Json array = Json::array();
     for (const Resolution& resolution : resolutions)
@@ -29,6 +36,11 @@ Json toJson(const std::vector<Resolution>& resolutions) {
                          {"feedDirection", resolution.feedDirection},
                          {"units", resolution.units}});
     return array;
+}
+
+Json toJson(const StockSizeRange& sizes) {
+    return {{"x", {{"lower", sizes.xMinimum}, {"upper", sizes.xMaximum}}},
+            {"y", {{"lower", sizes.yMinimum}, {"upper", sizes.yMaximum}}}};
 }
 
 void addLimits(Json& json, const FeatureReport& report) {
@@ -47,7 +59,8 @@ Json toJson(const FeatureReport& report) {
     if (!report.choices.empty()) json["values"] = toJson(report.choices);
     if (!report.resolutions.empty()) json["resolutions"] = toJson(report.resolutions);
     if (!report.sizes.empty()) json["sizes"] = toJson(report.sizes);
-    if (!report.members.empty()) json["members"] = toJson(report.members);
+    if (report.customSizes) json["customSizes"] = toJson(*report.customSizes);
+    if (!report.members.empty()) json["members"] = idsOf(report.members);
     addLimits(json, report);
     json["ownValues"] = report.takesOwnValues;
     json["mayBeUnset"] = report.mayBeUnset;

@@ -50,13 +50,22 @@ private:
     std::string text_;
 };
 
+std::string inMillimetres(std::int32_t lower, std::int32_t upper) {
+    return fmt::format("{:g}-{:g} mm", lower / 100.0, upper / 100.0);
+}
+
+std::string describeSizes(const StockSizeRange& range) {
+    return fmt::format("custom {} by {}", inMillimetres(range.xMinimum, range.xMaximum),
+                       inMillimetres(range.yMinimum, range.yMaximum));
+}
+
 bool isLength(const FeatureId& feature) {
     return feature.getNumber() == Feature::xDimension || feature.getNumber() == Feature::yDimension;
 }
 
 std::string describeRange(const FeatureId& feature, const FeatureReport& report) {
     const auto [lower, upper] = *report.range;
-    if (isLength(feature)) return fmt::format("{:g}-{:g} mm", lower / 100.0, upper / 100.0);
+    if (isLength(feature)) return inMillimetres(lower, upper);
     const std::string range = lower < 0 ? fmt::format("{} to {}", lower, upper) : fmt::format("{}-{}", lower, upper);
     return report.isText ? range + " characters" : range;
 }
@@ -70,8 +79,9 @@ std::string describe(const FeatureId& feature, const FeatureReport& report) {
                                resolution.units == 4 ? "dpcm" : "dpi"));
     for (const std::u16string& size : report.sizes)
         phrase.add(toTerminal(size));
-    for (const std::u16string& member : report.members)
-        phrase.add(toTerminal(member));
+    for (const FeatureReport::Choice& member : report.members)
+        phrase.add(toTerminal(member.words));
+    if (report.customSizes) phrase.add(describeSizes(*report.customSizes));
     if (report.range) phrase.add(describeRange(feature, report));
     if (report.takesOwnValues) phrase.add("own values");
     if (report.characterLimit) phrase.add(fmt::format("up to {} characters", *report.characterLimit));
@@ -83,7 +93,6 @@ std::string describe(const FeatureId& feature, const FeatureReport& report) {
 
 struct Row {
     std::string words;
-    std::string id;
     std::string what;
 };
 
@@ -92,16 +101,16 @@ std::vector<Row> rowsOf(const Group& group, const Capabilities& capabilities, co
     for (const FeatureId feature : group.features) {
         if (!isOffered(capabilities, feature)) continue;
         const FeatureReport report = reportFeature(capabilities, feature, labels);
-        rows.push_back({toTerminal(report.words), toTerminal(report.id), describe(feature, report)});
+        rows.push_back({toTerminal(report.words), describe(feature, report)});
     }
     return rows;
 }
 
-std::size_t widthOf(const std::vector<std::vector<Row>>& groups, std::string Row::*column) {
+std::size_t widthOfWords(const std::vector<std::vector<Row>>& groups) {
     std::size_t width = 0;
     for (const std::vector<Row>& rows : groups)
         for (const Row& row : rows)
-            width = std::max(width, columnsOf(row.*column));
+            width = std::max(width, columnsOf(row.words));
     return width;
 }
 
@@ -112,15 +121,13 @@ std::string toText(const Capabilities& capabilities) {
     std::vector<std::vector<Row>> all;
     for (const Group& group : groups())
         all.push_back(rowsOf(group, capabilities, labels));
-    const std::size_t words = widthOf(all, &Row::words);
-    const std::size_t ids = widthOf(all, &Row::id);
+    const std::size_t width = widthOfWords(all);
     std::string text;
     for (std::size_t i = 0; i < all.size(); ++i) {
         if (all[i].empty()) continue;
         text += fmt::format("\n{}\n", groups()[i].heading);
         for (const Row& row : all[i])
-            text += fmt::format("  {}  {}  {}\n", pad(row.words, words), pad(row.id, ids),
-                                wrap(row.what, words + ids + 6, separator));
+            text += fmt::format("  {}  {}\n", pad(row.words, width), wrap(row.what, width + 4, separator));
     }
     return text;
 }

@@ -6,6 +6,7 @@
 #include "host/tickets/attributeJson.h"
 #include "host/tickets/textColumns.h"
 #include "jtcore/Printer/DriverBasedPrinter.h"
+#include "jtcore/Services/JtifParseException.h"
 #include "jtcore/Services/text.h"
 #include "jtcore/Stock/StockInformation.h"
 
@@ -74,8 +75,14 @@ void printTable(const std::vector<Row>& rows) {
         print(toLine(row, widths));
 }
 
+// With one kind of separator, so that it can be typed again.
+std::u16string readable(std::u16string path) {
+    if (path.find(u'/') != path.npos) std::replace(path.begin(), path.end(), u'\\', u'/');
+    return path;
+}
+
 void printAsText(const StockInformation& stocks) {
-    const std::u16string& file = stocks.getPreferences().getFilePath();
+    const std::u16string file = readable(stocks.getPreferences().getFilePath());
     print("Library  " + (file.empty() ? "a first one; it is not stored yet" : toTerminal(file)) + "\n\n");
     const FeatureLabels labels;
     std::vector<Row> rows(1);
@@ -105,18 +112,28 @@ nlohmann::ordered_json toJson(const Stock& stock) {
 
 void printAsJson(const TicketRequest& request, const StockInformation& stocks) {
     nlohmann::ordered_json json = {{"printer", toUtf8(request.printerName)}};
-    if (const std::u16string& file = stocks.getPreferences().getFilePath(); !file.empty()) json["file"] = toUtf8(file);
+    if (const std::u16string file = readable(stocks.getPreferences().getFilePath()); !file.empty())
+        json["file"] = toUtf8(file);
     json["stocks"] = nlohmann::ordered_json::array();
     for (const Stock& stock : stocks.getStocks())
         json["stocks"].push_back(toJson(stock));
     printJson(json);
 }
 
+std::unique_ptr<StockInformation> readStocks(const Capabilities& capabilities) {
+    try {
+        return std::make_unique<StockInformation>(capabilities);
+    } catch (const JtifParseException&) {
+        printError(formatMessage(u"The user's stocks stand in %s.\r\n", readable(StockPreferences::findFile())));
+        throw;
+    }
+}
+
 } // namespace
 
 int listStocks(const TicketRequest& request) {
     DriverBasedPrinter printer(request.printer);
-    const StockInformation stocks(printer.getCapabilities());
-    request.json ? printAsJson(request, stocks) : printAsText(stocks);
+    const auto stocks = readStocks(printer.getCapabilities());
+    request.json ? printAsJson(request, *stocks) : printAsText(*stocks);
     return exitDone;
 }
