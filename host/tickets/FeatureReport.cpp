@@ -7,7 +7,7 @@
 
 namespace {
 
-std::u16string wordsOr(std::u16string words, std::u16string_view text) {
+std::u16string wordsOr(const std::u16string& words, std::u16string_view text) {
     return words.empty() ? std::u16string(text) : words;
 }
 

@@ -25,7 +25,7 @@ void AttrNodeList::pruneEmptyLists() {
 
 void AttrNodeList::deleteMatchingNodes(const AttrNode& node) {
     // The given node may be one of those that go.
-    const AttrNode pattern(node);
+    const AttrNode pattern(node); // NOLINT(performance-unnecessary-copy-initialization)
     removeMatches(pattern);
 }
 
