@@ -24,7 +24,7 @@ struct Place {
     ProblemContext context;
     std::int32_t first;
     std::int32_t last;
-    auto operator<=>(const Place&) const = default;
+    auto operator<=>(const Place&) const = default; // NOLINT(modernize-use-nullptr)
     bool isSameContext(const Place& other) const {
         return std::tie(context, first, last) == std::tie(other.context, other.first, other.last);
     }
