@@ -1,30 +1,16 @@
 // The module as its host calls it.
+#include "bench/plugIn.h"
 #include "bench/ratios.h"
 #include "bench/tickets.h"
 #include "jtcore/AnlXlate/KolmaDevMode.h"
 #include "platform/driver_host.h"
 
 #include <cstring>
-#include <dlfcn.h>
-#include <string>
 
 namespace {
 
-constexpr const char* modulePath = KOLMA_BUILD_DIR "/lib/kolma/3/libjtui37.so";
-
-IPrintOemUI* createObject(void* module) {
-    using GetClassObject = HRESULT (*)(REFCLSID, REFIID, void**);
-    auto get = reinterpret_cast<GetClassObject>(dlsym(module, "DllGetClassObject"));
-    IClassFactory* factory = nullptr;
-    if (!get || get(CLSID_OEMUI, IID_IClassFactory, reinterpret_cast<void**>(&factory)) != S_OK) return nullptr;
-    IPrintOemUI* object = nullptr;
-    factory->CreateInstance(nullptr, IID_IPrintOemUI, reinterpret_cast<void**>(&object));
-    factory->Release();
-    return object;
-}
-
 IPrintOemUI& plugIn() {
-    static IPrintOemUI* object = createObject(dlopen(modulePath, RTLD_NOW));
+    static IPrintOemUI* object = createPlugIn();
     return *object;
 }
 
@@ -36,9 +22,8 @@ void devModeSize(benchmark::State& state) {
 BENCHMARK(devModeSize);
 
 void createAndGetInfo(benchmark::State& state) {
-    void* module = dlopen(modulePath, RTLD_NOW);
     for (auto _ : state) {
-        IPrintOemUI* object = createObject(module);
+        IPrintOemUI* object = createPlugIn();
         DWORD version = 0;
         DWORD needed = 0;
         benchmark::DoNotOptimize(object->GetInfo(OEMGI_GETVERSION, &version, sizeof version, &needed));

@@ -1,4 +1,5 @@
 // What the printer can do, and whether a job is within it, against the system's printing library on an equal task.
+#include "bench/plugIn.h"
 #include "bench/ppdPeer.h"
 #include "bench/ratios.h"
 #include "bench/tickets.h"
@@ -16,7 +17,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <dlfcn.h>
 #include <string>
 
 namespace {
@@ -91,17 +91,7 @@ void capabilitiesFirst(benchmark::State& state) {
 BENCHMARK(capabilitiesFirst)->UseManualTime()->Iterations(5);
 
 IPrintOemUI& plugIn() {
-    static IPrintOemUI* object = [] {
-        using GetClassObject = HRESULT (*)(REFCLSID, REFIID, void**);
-        void* module = dlopen(KOLMA_BUILD_DIR "/lib/kolma/3/libjtui37.so", RTLD_NOW);
-        auto get = reinterpret_cast<GetClassObject>(dlsym(module, "DllGetClassObject"));
-        IClassFactory* factory = nullptr;
-        IPrintOemUI* made = nullptr;
-        get(CLSID_OEMUI, IID_IClassFactory, reinterpret_cast<void**>(&factory));
-        factory->CreateInstance(nullptr, IID_IPrintOemUI, reinterpret_cast<void**>(&made));
-        factory->Release();
-        return made;
-    }();
+    static IPrintOemUI* object = createPlugIn();
     return *object;
 }
 
