@@ -6,6 +6,7 @@
 #include "plugin_ui/IKolmaPlugIn.h"
 #include "plugin_ui/moduleState.h"
 
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nobody but Release() may delete it
 class IKolmaUI final : public IPrintOemUI, public IKolmaPlugIn {
 public:
     // The four bytes KLMA.

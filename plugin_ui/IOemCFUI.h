@@ -3,6 +3,7 @@
 
 #include "platform/com.h"
 
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nobody but Release() may delete it
 class IOemCFUI final : public IClassFactory {
 public:
     // The creator holds the first reference.

@@ -74,7 +74,7 @@ void Stock::setLogicalId(std::uint32_t logicalId) {
 void Stock::assignNewLogicalId() { setLogicalId(++lastLogicalId); }
 
 std::u16string Stock::getDisplayString() const {
-    const std::u16string name = name_.getDisplayString();
+    std::u16string name = name_.getDisplayString();
     switch (type_) {
     case StockType::job:
         return name;

@@ -4,7 +4,6 @@
 #include "platform/posix/wideText.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace {
 
@@ -103,7 +102,8 @@ std::vector<Resource> readResourceDirectory(std::span<const BYTE> section, std::
                                             std::uint32_t address) {
     std::vector<Resource> resources = Reader(section, directory, address).read();
     std::stable_sort(resources.begin(), resources.end(), [](const Resource& a, const Resource& b) {
-        if (auto order = std::tie(a.type, a.name) <=> std::tie(b.type, b.name); order != 0) return order < 0;
+        if (a.type != b.type) return a.type < b.type;
+        if (a.name != b.name) return a.name < b.name;
         return a.language == 0 && b.language != 0;
     });
     return resources;

@@ -25,7 +25,7 @@ struct ResourceName {
     WORD number = 0;
     std::u16string text;
 
-    auto operator<=>(const ResourceName&) const = default;
+    auto operator<=>(const ResourceName&) const = default; // NOLINT(modernize-use-nullptr): misread by the check
     // A published argument: MAKEINTRESOURCEW, "#12" or a text.
     static ResourceName of(LPCWSTR argument);
 };
