@@ -9,6 +9,8 @@
 #include "jtcore/Capabilities/FactoryCapabilities.h"
 #include "jtcore/Capabilities/SettingsProblemList.h"
 #include "jtcore/Printer/PrinterModel.h"
+#include "jtcore/Services/User.h"
+#include "jtcore/Services/UserPreferences.h"
 #include "jtcore/Stock/StockInformation.h"
 #include "platform/driver_host.h"
 #include "platform/spooler.h"
@@ -17,7 +19,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -95,11 +99,39 @@ IPrintOemUI& plugIn() {
     return *object;
 }
 
-// A printer in a store of its own, gone with the process.
+// Stores of the run's own, gone with the process.
+class OwnStores {
+public:
+    OwnStores() {
+        setenv("XDG_DATA_HOME", (folder_ + "/data").c_str(), 1);
+        setenv("XDG_CONFIG_HOME", (folder_ + "/config").c_str(), 1);
+    }
+    ~OwnStores() { std::filesystem::remove_all(folder_); }
+    OwnStores(const OwnStores&) = delete;
+    OwnStores& operator=(const OwnStores&) = delete;
+
+    // The user has saved preferences for the driver, or none ever. They were saved a while ago.
+    void choosePreferences(bool areSaved) const {
+        setenv("XDG_CONFIG_HOME", (folder_ + (areSaved ? "/saved" : "/config")).c_str(), 1);
+        if (UserPreferences preferences(driver); areSaved && !preferences.hasJobNamePreference()) {
+            preferences.setJobNamePreference(true);
+            std::this_thread::sleep_for(std::chrono::seconds(1));
+        }
+    }
+
+private:
+    char pattern_[sizeof "/tmp/kolma_bench_store_XXXXXX"] = "/tmp/kolma_bench_store_XXXXXX";
+    std::string folder_ = mkdtemp(pattern_);
+};
+
+const OwnStores& stores() {
+    static const OwnStores own;
+    return own;
+}
+
 HANDLE benchPrinter() {
     static HANDLE handle = [] {
-        char folder[] = "/tmp/kolma_bench_store_XXXXXX";
-        setenv("XDG_DATA_HOME", mkdtemp(folder), 1);
+        stores();
         WCHAR name[] = u"bench";
         WCHAR driverName[64] = {};
         std::memcpy(driverName, driver, sizeof driver);
@@ -108,22 +140,27 @@ HANDLE benchPrinter() {
         info.pDriverName = driverName;
         HANDLE added = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
         if (!added) std::abort();
+        std::this_thread::sleep_for(std::chrono::seconds(1)); // no document is opened the moment a printer is set up
         return added;
     }();
     return handle;
 }
 
-void merge(benchmark::State& state, const AttrNodeList& incoming, const AttrNodeList& outgoing) {
+void merge(benchmark::State& state, const AttrNodeList& incoming, const AttrNodeList& outgoing,
+           bool arePreferencesSaved = false) {
+    HANDLE printer = benchPrinter();
+    stores().choosePreferences(arePreferencesSaved);
     KolmaDmType in{};
     KolmaDmType kept{};
     KolmaDevMode settings;
+    settings.setUserData(User::getLogonName(), true, true, true);
     settings.setAttrNodeList(incoming);
     settings.exportToDevMode(&in);
     settings.setAttrNodeList(outgoing);
     settings.exportToDevMode(&kept);
     KolmaDmType out = kept;
     OEMDMPARAM param{};
-    param.hPrinter = benchPrinter();
+    param.hPrinter = printer;
     param.pOEMDMIn = reinterpret_cast<decltype(param.pOEMDMIn)>(&in);
     param.pOEMDMOut = reinterpret_cast<decltype(param.pOEMDMOut)>(&out);
     for (auto _ : state) {
@@ -139,7 +176,9 @@ AttrNodeList otherTicket() {
 }
 void mergeEqual(benchmark::State& state) { merge(state, typicalTicket(), typicalTicket()); }
 void mergeDifferent(benchmark::State& state) { merge(state, typicalTicket(), otherTicket()); }
+void mergeEqualWithPreferences(benchmark::State& state) { merge(state, typicalTicket(), typicalTicket(), true); }
 BENCHMARK(mergeEqual);
+BENCHMARK(mergeEqualWithPreferences);
 BENCHMARK(mergeDifferent);
 
 // As many stocks as the argument says, searched for each of 250 exception pages.
@@ -169,6 +208,7 @@ const int reported[] = {
         {"cost of an attribute, 250 exceptions / typical", "validateLarge", "validateTypical", 1.2,
          static_cast<double>(countAttributes(largeTicket())) / static_cast<double>(countAttributes(typicalTicket()))}),
     reportRatio({"merge of equal areas / libcups mark, conflicts, resolve", "mergeEqual", "markAndResolvePeer", 0.05}),
+    reportRatio({"the same, the user having saved preferences", "mergeEqualWithPreferences", "markAndResolvePeer"}),
     reportRatio({"merge of different areas with repair / the same", "mergeDifferent", "markAndResolvePeer", 1.0}),
     reportRatio(
         {"capabilities of a printer: later / first in a process", "capabilitiesLater", "capabilitiesFirst", 0.25}),

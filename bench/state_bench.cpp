@@ -3,22 +3,16 @@
 #include "bench/ratios.h"
 #include "bench/tickets.h"
 #include "bench/xmlPeers.h"
-#include "jtcore/AnlXlate/PersistentSettings.h"
 #include "jtcore/AnlXlate/SmallJtifTranslator.h"
 
 namespace {
 
-PersistentSettings typicalState() {
-    PersistentSettings settings;
-    settings.setAttrNodeList(typicalTicket());
-    return settings;
-}
-
 void stateToList(benchmark::State& state) {
-    PersistentSettings settings = typicalState();
+    const std::vector<KolmaDevMode> settings = manySettings();
+    std::size_t turn = 0;
     for (auto _ : state) {
         AttrNodeList list;
-        settings.getAttrNodeList(list);
+        settings[++turn % settings.size()].getAttrNodeList(list);
         benchmark::DoNotOptimize(list.getNumNodes());
     }
 }

@@ -1,7 +1,9 @@
 #include "bench/tickets.h"
 
 #include "jtcore/AnlXlate/JtifTranslator.h"
+#include "jtcore/AnlXlate/ProvenStates.h"
 #include "jtcore/AnlXlate/SmallJtifTranslator.h"
+#include "jtcore/Attributes/PrimitiveInteger.h"
 #include "jtcore/Compress/CompressedBuffer.h"
 #include "tests/listBuilder.h"
 
@@ -123,4 +125,15 @@ ByteBuffer compressedText(const AttrNodeList& list) {
     CompressedBuffer block;
     block.store(compactText(list));
     return block.getStoredData();
+}
+
+std::vector<KolmaDevMode> manySettings() {
+    std::vector<KolmaDevMode> all(2 * ProvenStates::maximumCount);
+    AttrNodeList job = typicalTicket();
+    std::int32_t copies = 0;
+    for (KolmaDevMode& settings : all) {
+        job.setNode(u"copies", IppInteger(++copies));
+        settings.setAttrNodeList(job);
+    }
+    return all;
 }

@@ -1,8 +1,9 @@
 // The jobs that are measured.
 #pragma once
 
-#include "jtcore/Attributes/AttrNodeList.h"
-#include "jtcore/Services/ByteBuffer.h"
+#include "jtcore/AnlXlate/KolmaDevMode.h"
+
+#include <vector>
 
 // About 60 attributes with nested collections, ten exceptions among them: a manual with covers and inserts.
 AttrNodeList typicalTicket();
@@ -13,3 +14,7 @@ AttrNodeList largeTicket();
 ByteBuffer ticketText(const AttrNodeList& list);
 ByteBuffer compactText(const AttrNodeList& list);
 ByteBuffer compressedText(const AttrNodeList& list);
+
+// Settings of typical tickets that differ in one number, more of them than a process remembers: who goes through them
+// in turn finds each one unknown.
+std::vector<KolmaDevMode> manySettings();

@@ -8,6 +8,8 @@
 #include <malloc.h>
 #include <new>
 #include <random>
+#include <thread>
+#include <vector>
 #include <zlib.h>
 
 namespace {
@@ -252,6 +254,32 @@ TEST(CompressedBuffer, randomDataComesBack) {
         uncompressBuffer(stream, back);
         EXPECT_EQ(back, original) << "round " << round;
     }
+}
+
+// The stream is kept between uses, and must not carry anything over. Each thread finds the bytes that zlib gives alone.
+TEST(CompressedBuffer, whatWasCompressedBeforeLeavesNoTrace) {
+    std::atomic<int> wrong{0};
+    const auto work = [&wrong](unsigned seed) {
+        std::mt19937 random(seed);
+        for (int round = 0; round < 40; ++round) {
+            const ByteBuffer original = randomBytes(random, random() % 40000, 1 + random() % 256);
+            ByteBuffer expected;
+            expected.resize(compressBound(original.getSize()));
+            auto size = static_cast<uLongf>(expected.getSize());
+            compress2(expected.getData(), &size, original.getData(), original.getSize(), -1);
+            expected.resize(size);
+            CompressedBuffer compressed;
+            compressed.store(original);
+            if (original.isEmpty()) continue;
+            if (ByteBuffer(compressed.getData(), compressed.getSize() - 12) != expected) ++wrong;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (unsigned seed = 1; seed <= 4; ++seed)
+        threads.emplace_back(work, seed);
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(wrong, 0);
 }
 
 TEST(CompressedBuffer, aBombIsRefusedBeforeItTakesMemory) {

@@ -271,24 +271,31 @@ TEST(PlugIn, aFailureOfASheetIsShownWithItsCaptionAndCode) {
     OEMUIPSPARAM sheet{};
     sheet.hPrinter = printer.handle;
     OEMCUIPPARAM items{};
-    items.hPrinter = printer.handle;
-    items.cOEMOptItems = 77;
     {
         const MessageBoxes boxes;
         EXPECT_EQ(object->DocumentPropertySheets(&info, reinterpret_cast<LPARAM>(&sheet)), -1);
         EXPECT_EQ(boxes.onlyOne().title, "Kolma Job Settings");
-        EXPECT_THAT(boxes.onlyOne().text, testing::ContainsRegex("\r\n\r\n[0-9]{3}:[0-9]{3}:[0-9]{4}$"));
+        EXPECT_THAT(boxes.onlyOne().text, testing::ContainsRegex("\r\n\r\n006:000:[0-9]{4}$")) << "no page is taken";
     }
-    {
+    info.Reason = PROPSHEETUI_REASON_DESTROY;
+    EXPECT_EQ(object->DocumentPropertySheets(&info, 0), 1) << "DESTROY closes it in silence";
+    for (const bool isFill : {false, true}) {
+        OPTITEM filled{};
+        const TestPrinter stranger(u"Nobody's Driver", u"Press 2");
+        const PlugInObject other(module());
+        items.hPrinter = stranger.handle;
+        items.pOEMOptItems = isFill ? &filled : nullptr;
+        items.cOEMOptItems = 1; // and no heap to fill it from
         const MessageBoxes boxes;
-        EXPECT_EQ(object->CommonUIProp(OEMCUIP_PRNPROP, &items), S_OK);
-        EXPECT_EQ(boxes.onlyOne().title, "Kolma Printer Properties");
-        EXPECT_EQ(items.cOEMOptItems, 0U);
+        EXPECT_EQ(other->CommonUIProp(OEMCUIP_PRNPROP, &items), S_OK);
+        EXPECT_THAT(boxes.onlyOne().text, testing::HasSubstr(isFill ? "not enough memory" : "\r\n019:000:"));
+        EXPECT_EQ(items.cOEMOptItems, 0U) << "no items rather than some that were not filled";
     }
     {
         const MessageBoxes boxes;
         HANDLE other = &info;
         sheet.hPrinter = other;
+        info.Reason = PROPSHEETUI_REASON_INIT;
         EXPECT_EQ(object->DocumentPropertySheets(&info, reinterpret_cast<LPARAM>(&sheet)), -1);
         EXPECT_THAT(boxes.onlyOne().text, testing::HasSubstr("003:000:"));
         for (const WORD reason : {PROPSHEETUI_REASON_GET_INFO_HEADER, PROPSHEETUI_REASON_DESTROY}) {
@@ -437,6 +444,38 @@ TEST(DevMode, objectsOfSeveralThreadsDoNotDisturbEachOther) {
     std::vector<std::thread> threads;
     for (std::int32_t i = 1; i <= 4; ++i)
         threads.emplace_back(work, i);
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(wrong, 0);
+    EXPECT_EQ(module().canUnloadNow(), S_OK);
+}
+
+// Equal areas, different ones and ones that want repair, all threads at the same few documents of one printer.
+TEST(DevMode, mergesOfSeveralThreadsDoNotDisturbEachOther) {
+    const TestPrinter printer(postScriptDriver);
+    const auto mergedInto = [&](const Area& in, Area out) {
+        const PlugInObject object(module());
+        object.devMode(OEMDM_MERGE, printer.handle, in.data(), out.data());
+        return out;
+    };
+    std::vector<Area> documents;
+    std::vector<Area> expected;
+    for (std::int32_t copies = 0; copies < 12; ++copies) {
+        documents.push_back(areaWithCopies(copies)); // 0 copies is no job that a printer takes
+        expected.push_back(mergedInto(documents.back(), areaWithCopies(100)));
+    }
+    std::atomic<int> wrong{0};
+    const auto work = [&](unsigned seed) {
+        std::mt19937 random(seed);
+        for (int round = 0; round < 60; ++round) {
+            const std::size_t at = random() % documents.size();
+            if (mergedInto(documents[at], areaWithCopies(100)) != expected[at]) ++wrong;
+            if (mergedInto(expected[at], expected[at]) != expected[at]) ++wrong;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (unsigned seed = 1; seed <= 8; ++seed)
+        threads.emplace_back(work, seed);
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_EQ(wrong, 0);

@@ -1,3 +1,4 @@
+#include "jtcore/AnlXlate/ProvenStates.h"
 #include "jtcore/Services/Registry.h"
 #include "jtcore/Services/User.h"
 #include "jtcore/Services/UserPreferences.h"
@@ -7,10 +8,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -93,6 +97,73 @@ TEST(PersistentSettings, theInitialStateTakesThePreferencesAndBearsSpoiltOnes) {
     EXPECT_EQ(PersistentSettings().getStateInfo().userName, User::getLogonName());
     EXPECT_FALSE(PersistentSettings().getStateInfo().jobNamePreference);
     std::filesystem::remove_all(OwnFolder::path / "kolma");
+}
+
+// The process remembers states that it has read: nothing of that may show.
+TEST(PersistentSettings, aStateThatIsKnownReadsAsItDidTheFirstTime) {
+    const ByteBuffer state = currentState(recordOf(PersistentSettings()), textOf(aJob(), SmallJtifTranslator()));
+    PersistentSettings first;
+    ASSERT_TRUE(first.importPersistentSettingsState(state, true));
+    const auto shared = first.getSharedList();
+    EXPECT_EQ(shared, first.getSharedList()) << "read once";
+    PersistentSettings again;
+    ASSERT_TRUE(again.importPersistentSettingsState(state, true));
+    AttrNodeList list = listOf(again);
+    EXPECT_EQ(show(list), shownJob);
+    list.clear();
+    EXPECT_EQ(show(*shared), shownJob) << "whoever reads gets a list of his own";
+    EXPECT_EQ(show(listOf(again)), shownJob);
+
+    again.setUserData(u"somebody else", false, true, false);
+    EXPECT_EQ(show(listOf(again)), shownJob);
+    EXPECT_EQ(again.getStateInfo().userName, u"somebody else");
+    EXPECT_EQ(show(listOf(first)), shownJob);
+    const ByteBuffer named = again.getState();
+    again.setUserData(u"somebody else", false, true, false);
+    EXPECT_EQ(again.getState(), named);
+}
+
+TEST(PersistentSettings, aStateThatDiffersInOneByteIsNotTheOneThatIsKnown) {
+    PersistentSettings settings;
+    settings.setAttrNodeList(aJob());
+    const ByteBuffer good = settings.getState();
+    std::size_t refused = 0;
+    for (std::size_t at = 0; at < good.getSize(); ++at) {
+        ASSERT_TRUE(PersistentSettings().importPersistentSettingsState(good, true));
+        ByteBuffer bad = good;
+        bad.getData()[at] ^= 1;
+        PersistentSettings reader;
+        if (!reader.importPersistentSettingsState(bad, false)) ++refused;
+        EXPECT_EQ(listOf(reader).isEmpty(), show(listOf(reader)) != shownJob) << "byte " << at;
+    }
+    EXPECT_GT(refused, good.getSize() - 30) << "nearly every byte means something";
+}
+
+TEST(PersistentSettings, moreStatesThanAreKeptAreAllReadRightByManyThreads) {
+    std::vector<ByteBuffer> states;
+    for (std::size_t i = 0; i < 2 * ProvenStates::maximumCount; ++i) {
+        PersistentSettings settings;
+        settings.setAttrNodeList(list().integer(u"copies", static_cast<std::int32_t>(i)));
+        states.push_back(settings.getState());
+    }
+    std::atomic<int> wrong{0};
+    const auto work = [&](unsigned seed) {
+        std::mt19937 random(seed);
+        for (int round = 0; round < 400; ++round) {
+            const std::size_t i = random() % states.size();
+            PersistentSettings settings;
+            settings.importPersistentSettingsState(states[i], false);
+            if (round % 3 == 0) settings.setSettingsEditable(false);
+            if (show(listOf(settings)) != "copies=" + std::to_string(i)) ++wrong;
+            if (settings.isSettingsEditable() != (round % 3 != 0)) ++wrong;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (unsigned seed = 1; seed <= 8; ++seed)
+        threads.emplace_back(work, seed);
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(wrong, 0);
 }
 
 TEST(PersistentSettings, aListComesBackAsItWentIn) {

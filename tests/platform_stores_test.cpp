@@ -5,8 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <sqlite3.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -197,6 +200,109 @@ TEST_F(Stores, twoProcessesWriteAtOnce) {
                   0)
             << i;
     }
+}
+
+// What was read is kept, and must never be told when it is no longer so: whoever changed the store, and however.
+TEST_F(Stores, aChangeIsSeenByTheNextRead) {
+    HKEY key = create(u"Test");
+    BYTE number = 0;
+    const auto read = [&] {
+        DWORD type = 0;
+        Bytes data;
+        LSTATUS error = get(key, u"V", type, data);
+        return error == 0 ? std::to_string(data.at(0)) : "error " + std::to_string(error);
+    };
+    const auto write = [&] { return set(key, u"V", REG_BINARY, {++number}); };
+    const auto inAnotherProcess = [](auto change) {
+        pid_t child = fork();
+        if (child == 0) _exit(change() == 0 ? 0 : 1);
+        int status = -1;
+        waitpid(child, &status, 0);
+        return status;
+    };
+    const auto letItBeKept = [&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(150));
+        std::string before = read();
+        EXPECT_EQ(read(), before);
+        return before;
+    };
+    ASSERT_EQ(write(), 0);
+    const std::string missing = "error " + std::to_string(ERROR_FILE_NOT_FOUND);
+    const std::filesystem::path file = preferences();
+    const std::filesystem::path copy = folder.path() / "copy";
+
+    EXPECT_EQ(letItBeKept(), "1");
+    std::filesystem::copy_file(file, copy);
+    for (int round = 0; round < 50; ++round) {
+        ASSERT_EQ(write(), 0);
+        ASSERT_EQ(read(), std::to_string(number));
+        ASSERT_EQ(inAnotherProcess(write), 0);
+        ASSERT_EQ(read(), std::to_string(++number)) << "round " << round;
+    }
+    letItBeKept();
+    ASSERT_EQ(inAnotherProcess(write), 0);
+    EXPECT_EQ(read(), std::to_string(++number)) << "after it was kept";
+
+    letItBeKept();
+    std::filesystem::copy_file(copy, file, std::filesystem::copy_options::overwrite_existing);
+    EXPECT_EQ(read(), "1") << "written over in place";
+    letItBeKept();
+    ASSERT_EQ(write(), 0);
+    std::filesystem::rename(copy, file);
+    EXPECT_EQ(read(), "1") << "another file in its place";
+    letItBeKept();
+    std::filesystem::rename(folder.path() / "config", folder.path() / "elsewhere");
+    EXPECT_EQ(read(), missing) << "its folder moved away";
+    std::filesystem::rename(folder.path() / "elsewhere", folder.path() / "config");
+    EXPECT_EQ(read(), "1");
+    letItBeKept();
+    std::filesystem::remove(file);
+    EXPECT_EQ(read(), missing) << "taken away";
+
+    ASSERT_EQ(write(), 0);
+    letItBeKept();
+    const EnvironmentVariable other("XDG_CONFIG_HOME", (folder.path() / "other").c_str());
+    EXPECT_EQ(read(), missing) << "the user's folder is another";
+}
+
+TEST_F(Stores, theDriverOfAPrinterThatIsRemovedIsNotTold) {
+    HANDLE printer = addPrinter(u"Press");
+    const auto askDriver = [printer] {
+        BYTE info[256];
+        DWORD needed = 0;
+        return GetPrinterDriverW(printer, nullptr, 1, info, sizeof info, &needed);
+    };
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    EXPECT_TRUE(askDriver());
+    EXPECT_TRUE(askDriver());
+    pid_t child = fork();
+    if (child == 0) _exit(DeletePrinter(openPrinter(u"Press")) ? 0 : 1);
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, 0);
+    EXPECT_FALSE(askDriver());
+    EXPECT_EQ(GetLastError(), ERROR_PRINTER_DELETED);
+}
+
+// A store of another kind of journal, which only another program can have made of it: its file stays as it is while it
+// changes.
+TEST_F(Stores, aStoreWithAWriteAheadLogIsReadEachTime) {
+    HKEY key = create(u"Test");
+    ASSERT_EQ(set(key, u"V", REG_BINARY, {1}), 0);
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(preferences().c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr), SQLITE_OK);
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    for (const char* number : {"01", "02", "03"}) {
+        std::string change = std::string("UPDATE value SET data = x'") + number + "'";
+        ASSERT_EQ(sqlite3_exec(other, change.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+        DWORD type = 0;
+        Bytes data;
+        EXPECT_EQ(get(key, u"V", type, data), 0);
+        EXPECT_EQ(data, Bytes{static_cast<BYTE>(number[1] - '0')});
+        EXPECT_EQ(get(key, u"V", type, data), 0);
+    }
+    sqlite3_close(other);
 }
 
 TEST_F(Stores, aDamagedStoreIsAnErrorNumber) {

@@ -45,10 +45,9 @@ void KolmaDevMode::validateDataToBeStored(const ByteBuffer& state) const {
                                         state.getSize(), dataLimit);
 }
 
+// As an area of this state would be: it fits, and the state can be read from it.
 void KolmaDevMode::validateState() const {
-    KolmaDmType area;
-    exportToDevMode(&area);
-    validateDevMode(&area);
+    validateDataToBeStored(getState());
     PersistentSettings::validateState();
 }
 

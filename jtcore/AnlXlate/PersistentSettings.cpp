@@ -1,6 +1,7 @@
 #include "jtcore/AnlXlate/PersistentSettings.h"
 
 #include "jtcore/AnlXlate/JtifTranslator.h"
+#include "jtcore/AnlXlate/ProvenStates.h"
 #include "jtcore/AnlXlate/SmallJtifTranslator.h"
 #include "jtcore/Compress/CompressedBuffer.h"
 #include "jtcore/Services/KolmaException.h"
@@ -13,13 +14,6 @@
 #include <utility>
 
 namespace {
-
-// A state taken apart.
-struct Components {
-    PersistentHeader header;
-    PersistentData data;
-    ByteBuffer text;
-};
 
 // REQUIRES: the buffer holds a whole Front.
 template <typename Front>
@@ -53,16 +47,36 @@ ByteBuffer decompress(const ByteBuffer& compressed) {
     return original;
 }
 
-Components split(const ByteBuffer& state) {
-    Components parts;
+StateParts split(const ByteBuffer& state) {
+    if (const auto proven = ProvenStates::find(state)) return proven->parts;
+    StateParts parts;
     ByteBuffer compressed;
     PersistentSettings::getMajorComponentsFromStateDataBuffer(state, parts.header, compressed);
     PersistentSettings::getComponentsFromCompressedDataBuffer(compressed, parts.data, parts.text);
     return parts;
 }
 
+StateParts splitCurrent(const ByteBuffer& state) {
+    StateParts parts;
+    ByteBuffer compressed;
+    PersistentSettings::getMajorComponentsFromStateDataBuffer(state, parts.header, compressed);
+    if (!isCurrent(parts.header))
+        raise<MissingOrBadPersistentSettingsFormatException>(
+            u"PersistentSettings::importPersistentSettingsState(): Import request ignored. Don't have header structure "
+            u"of the most recent version. The header information doesn't exist or doesn't match.\r\n");
+    PersistentSettings::getComponentsFromCompressedDataBuffer(compressed, parts.data, parts.text);
+    return parts;
+}
+
+PersistentData readData(const ByteBuffer& state) {
+    const auto proven = ProvenStates::find(state);
+    return proven ? proven->parts.data : split(state).data;
+}
+
 ByteBuffer assemble(const PersistentData& data, const ByteBuffer& text) {
-    ByteBuffer block(&data, sizeof data);
+    ByteBuffer block;
+    block.reserve(sizeof data + text.getSize());
+    block.appendData(&data, sizeof data);
     block.appendData(text.getData(), text.getSize());
     CompressedBuffer compressed;
     compressed.store(block);
@@ -71,13 +85,14 @@ ByteBuffer assemble(const PersistentData& data, const ByteBuffer& text) {
     state.reserve(sizeof header + compressed.getSize());
     state.appendData(&header, sizeof header);
     state.appendData(compressed.getData(), compressed.getSize());
+    ProvenStates::add(state, {header, data, text});
     return state;
 }
 
-void parseText(const ByteBuffer& text, AttrNodeList& list) {
-    AttrNodeList parsed;
-    if (!text.isEmpty()) SmallJtifTranslator().bufferToAnl(text, parsed);
-    list = std::move(parsed);
+AttrNodeList parseText(const ByteBuffer& text) {
+    AttrNodeList list;
+    if (!text.isEmpty()) SmallJtifTranslator().bufferToAnl(text, list);
+    return list;
 }
 
 // The settings text of today for one in the long form of older releases.
@@ -142,7 +157,7 @@ bool hasFront40(const ByteBuffer& state) {
 }
 
 ByteBuffer convert40(const ByteBuffer& state) {
-    Components old = split(state);
+    StateParts old = split(state);
     return assemble(old.data, toSmallText(old.text));
 }
 
@@ -158,14 +173,18 @@ PersistentSettings& PersistentSettings::operator=(const PersistentSettings& othe
 ByteBuffer PersistentSettings::makeInitialState() { return assemble(makeInitialData(), {}); }
 
 void PersistentSettings::bufferToAnl(const ByteBuffer& state, AttrNodeList& list) const {
-    parseText(split(convertToCurrentState(state)).text, list);
+    const auto proven = ProvenStates::find(state);
+    if (proven && proven->list)
+        list = *proven->list;
+    else
+        list = parseText(split(convertToCurrentState(state)).text);
 }
 
 void PersistentSettings::anlToBuffer(const AttrNodeList& list, ByteBuffer& state) const {
-    Components parts = split(getState());
+    const PersistentData data = readData(getState());
     ByteBuffer text;
     SmallJtifTranslator().anlToBuffer(list, text);
-    state = assemble(parts.data, text);
+    state = assemble(data, text);
 }
 
 void PersistentSettings::fileToAnl(const std::u16string&, AttrNodeList&) const {}
@@ -182,31 +201,44 @@ bool PersistentSettings::equals(const AnlDealer& other) const {
 void PersistentSettings::validateState() const { validateStateBytes(getState()); }
 
 void PersistentSettings::validateStateBytes(const ByteBuffer& state) {
-    Components parts = split(convertToCurrentState(state));
+    if (ProvenStates::find(state)) return;
+    StateParts parts = split(convertToCurrentState(state));
     if (!isCurrent(parts.header) || !isCurrent(parts.data))
         traceText(u"PersistentSettings::validateState()", u"The state is of a version that is not known.");
 }
 
-bool PersistentSettings::isSettingsEditable() const { return split(getState()).data.settingsEditable != 0; }
+std::shared_ptr<const AttrNodeList> PersistentSettings::getSharedList() const {
+    const auto proven = ProvenStates::find(getState());
+    if (proven && proven->list) return proven->list;
+    auto list = std::make_shared<AttrNodeList>();
+    getAttrNodeList(*list);
+    return list;
+}
+
+bool PersistentSettings::isSettingsEditable() const { return readData(getState()).settingsEditable != 0; }
 
 void PersistentSettings::setSettingsEditable(bool isEditable) {
-    Components parts = split(getState());
+    StateParts parts = split(getState());
     parts.data.settingsEditable = isEditable;
     setState(assemble(parts.data, parts.text));
 }
 
 void PersistentSettings::setUserData(std::u16string_view userName, bool jobNamePreference, bool useLogonName,
                                      bool useLogonNameRecipient) {
-    Components parts = split(getState());
+    const auto proven = ProvenStates::find(getState());
+    StateParts parts = proven ? proven->parts : split(getState());
+    const PersistentData before = parts.data;
     setUserName(parts.data, userName);
     parts.data.jobNamePreference = jobNamePreference;
     parts.data.useLogonName = useLogonName;
     parts.data.useLogonNameRecipient = useLogonNameRecipient;
+    if (std::memcmp(&before, &parts.data, sizeof before) == 0) return; // nothing would change
     setState(assemble(parts.data, parts.text));
+    if (proven) ProvenStates::add(getState(), parts, proven->list); // of the same text
 }
 
 StateInfo PersistentSettings::getStateInfo() const {
-    Components parts = split(getState());
+    StateParts parts = split(getState());
     return {.version = parts.header.version,
             .size = getStateSize(),
             .isSettingsEditable = parts.data.settingsEditable != 0,
@@ -225,24 +257,19 @@ bool PersistentSettings::importPersistentSettingsState(const ByteBuffer& state, 
     }
 }
 
-void PersistentSettings::adoptState(const ByteBuffer& state) {
-    ByteBuffer current = convertToCurrentState(state);
-    Components parts;
-    ByteBuffer compressed;
-    getMajorComponentsFromStateDataBuffer(current, parts.header, compressed);
-    if (!isCurrent(parts.header))
-        raise<MissingOrBadPersistentSettingsFormatException>(
-            u"PersistentSettings::importPersistentSettingsState(): Import request ignored. Don't have header structure "
-            u"of the most recent version. The header information doesn't exist or doesn't match.\r\n");
-    getComponentsFromCompressedDataBuffer(compressed, parts.data, parts.text);
-    if (!isCurrent(parts.data))
-        raise<MissingOrBadPersistentSettingsFormatException>(
-            u"PersistentSettings::importPersistentSettingsState(): Import request ignored. Don't have a data structure "
-            u"of the most recent version. The data structure in the compressed block doesn't exist or doesn't "
-            u"match.\r\n");
-    AttrNodeList proof;
-    parseText(parts.text, proof);
-    setState(std::move(current));
+void PersistentSettings::adoptState(ByteBuffer state) {
+    const auto known = ProvenStates::find(state);
+    if (!known) state = convertToCurrentState(state);
+    if (!known || !known->list) {
+        const StateParts parts = known ? known->parts : splitCurrent(state);
+        if (!isCurrent(parts.data))
+            raise<MissingOrBadPersistentSettingsFormatException>(
+                u"PersistentSettings::importPersistentSettingsState(): Import request ignored. Don't have a data "
+                u"structure of the most recent version. The data structure in the compressed block doesn't exist or "
+                u"doesn't match.\r\n");
+        ProvenStates::add(state, parts, std::make_shared<const AttrNodeList>(parseText(parts.text)));
+    }
+    setState(std::move(state));
 }
 
 bool PersistentSettings::giveUpImport(bool rethrow) {

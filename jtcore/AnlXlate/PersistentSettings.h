@@ -5,6 +5,8 @@
 // (SmallJtifTranslator's). An object holds a readable state of the current version from its construction on. What
 // changes the state builds the whole new one first: a raise leaves the object as it was.
 //
+// A state is read once for as long as the process remembers it (ProvenStates).
+//
 // A state that cannot be read raises MissingOrBadPersistentSettingsFormatException, or what CompressedBuffer and the
 // translators raise.
 #pragma once
@@ -13,6 +15,7 @@
 #include "jtcore/AnlXlate/PersistentLayout.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -54,6 +57,8 @@ public:
     void setUserData(std::u16string_view userName, bool jobNamePreference, bool useLogonName,
                      bool useLogonNameRecipient);
     StateInfo getStateInfo() const;
+    // The list of getAttrNodeList(), for reading alone: where the state was read lately it is not read again.
+    std::shared_ptr<const AttrNodeList> getSharedList() const;
 
     // Takes over a state of any known version, brought up to the current one. A state that cannot be read raises when
     // `rethrow` is set and otherwise gives false; the object then keeps its own.
@@ -79,7 +84,7 @@ protected:
     static ByteBuffer makeInitialState();
 
     // Imports or raises.
-    void adoptState(const ByteBuffer& state);
+    void adoptState(ByteBuffer state);
     // How an import ends that has failed. REQUIRES: called in the handler of the failure.
     static bool giveUpImport(bool rethrow);
 };

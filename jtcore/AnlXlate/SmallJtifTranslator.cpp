@@ -10,9 +10,7 @@ void SmallJtifTranslator::bufferToAnl(const ByteBuffer& bytes, AttrNodeList& lis
 }
 
 void SmallJtifTranslator::anlToBuffer(const AttrNodeList& list, ByteBuffer& bytes) const {
-    AttrNodeList prepared;
-    prepareForWriting(list, prepared);
-    if (!writeCompactText(prepared, bytes)) AnlTranslatorForXml::anlToBuffer(list, bytes);
+    if (!writeCompactText(list, bytes, Abbreviation())) AnlTranslatorForXml::anlToBuffer(list, bytes);
 }
 
 bool SmallJtifTranslator::prepareForWriting(const AttrNodeList& list, AttrNodeList& prepared) const {

@@ -31,15 +31,9 @@ using Context = std::optional<Feature>;
 void rename(AttrNode& node, std::u16string_view id) { node.setAttrID(AttrID(id)); }
 
 void encodeId(AttrNode& node, Context& context) {
-    std::u16string_view id = node.getAttrID();
-    if (const FeatureInfo* feature = FeatureDataBase::find(id)) {
-        rename(node, feature->abbreviation);
-        context = feature->number;
-    } else if (const auto* row = std::ranges::find(memberNames, id, &MemberName::longName); row != memberNames.end()) {
-        rename(node, row->shortName);
-    } else {
-        context.reset();
-    }
+    const CompactSpelling::Id id = Abbreviation().spellId(node.getAttrID());
+    if (id.context) context = *id.context == CompactSpelling::noContext ? Context() : Context(Feature(*id.context));
+    if (id.text != node.getAttrID().getName()) rename(node, id.text);
 }
 
 void decodeId(AttrNode& node, Context& context) {
@@ -55,14 +49,9 @@ void decodeId(AttrNode& node, Context& context) {
 }
 
 void encodeValue(PrimitiveString& value, const Context& context) {
-    if (value.getValue().starts_with(u'*')) value.setValue(u'*' + value.getValue());
-    const std::u16string& text = value.getValue();
-    if (FeatureValueDataBase::isAbbreviation(text)) {
-        value.setValue(u'*' + text);
-    } else if (context.has_value()) {
-        const FeatureValueInfo* row = FeatureValueDataBase::find(*context, text);
-        if (row != nullptr && !row->abbreviation.empty()) value.setIppValue(row->abbreviation);
-    }
+    std::u16string scratch;
+    const int number = context ? static_cast<int>(*context) : CompactSpelling::noContext;
+    value.setValue(std::u16string(Abbreviation().spellText(value.getValue(), number, scratch)));
 }
 
 void decodeValue(PrimitiveString& value, const Context& context) {
@@ -88,6 +77,25 @@ void walk(AttrNodeList& list, Context& context, IdStep idStep, ValueStep valueSt
 }
 
 } // namespace
+
+CompactSpelling::Id Abbreviation::spellId(std::u16string_view id) const {
+    if (const FeatureInfo* feature = FeatureDataBase::find(id))
+        return {feature->abbreviation, static_cast<int>(feature->number)};
+    const auto* row = std::ranges::find(memberNames, id, &MemberName::longName);
+    if (row != memberNames.end()) return {row->shortName, std::nullopt};
+    return {id, noContext};
+}
+
+std::u16string_view Abbreviation::spellText(std::u16string_view text, int context, std::u16string& scratch) const {
+    const auto marked = [&scratch](std::u16string_view plain) -> std::u16string_view {
+        return scratch = std::u16string(1, u'*').append(plain); // which may lie in the scratch
+    };
+    if (text.starts_with(u'*')) text = marked(text);
+    if (FeatureValueDataBase::isAbbreviation(text)) return marked(text);
+    if (context == noContext) return text;
+    const FeatureValueInfo* row = FeatureValueDataBase::find(Feature(context), text);
+    return row != nullptr && !row->abbreviation.empty() ? row->abbreviation : text;
+}
 
 void abbreviateList(AttrNodeList& list) {
     Context context;

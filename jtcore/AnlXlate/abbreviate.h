@@ -6,6 +6,14 @@
 #pragma once
 
 #include "jtcore/Attributes/AttrNodeList.h"
+#include "jtcore/JtifParse/compactText.h"
+
+// Abbreviates what is written.
+class Abbreviation final : public CompactSpelling {
+public:
+    Id spellId(std::u16string_view id) const override;
+    std::u16string_view spellText(std::u16string_view text, int context, std::u16string& scratch) const override;
+};
 
 // Abbreviates every node, at any depth, in place.
 void abbreviateList(AttrNodeList& list);

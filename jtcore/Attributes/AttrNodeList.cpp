@@ -4,6 +4,7 @@
 #include "jtcore/Services/KolmaException.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 AttrNodeList::AttrNodeList(const AttrNodeList& other) {
@@ -33,8 +34,12 @@ bool AttrNodeList::equals(const AttrNodeList& other) const {
 }
 
 std::size_t AttrNodeList::find(std::u16string_view id, std::size_t occurrence) const noexcept {
+    // The library's comparison goes character by character.
+    const auto isThis = [id](std::u16string_view name) {
+        return name.size() == id.size() && std::memcmp(name.data(), id.data(), id.size() * sizeof(char16_t)) == 0;
+    };
     for (std::size_t i = 0; i < nodes_.size(); ++i)
-        if (nodes_[i]->getAttrID().getName() == id && occurrence-- == 0) return i;
+        if (isThis(nodes_[i]->getAttrID()) && occurrence-- == 0) return i;
     return nodes_.size();
 }
 

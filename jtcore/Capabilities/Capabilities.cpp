@@ -109,6 +109,11 @@ bool Capabilities::isKeywordInList(std::u16string_view attributeId, const AttrNo
 }
 
 bool Capabilities::hasKeyword(const AttrNodeList* list, std::u16string_view attributeId) const {
-    const KeywordSet* keywords = list && index_ ? index_->findKeywords(*list) : nullptr;
-    return keywords ? keywords->contains(attributeId) : isKeywordInList(attributeId, list);
+    const KeywordList* known = list && index_ ? index_->findKeywords(*list) : nullptr;
+    return known ? known->keywords.contains(attributeId) : isKeywordInList(attributeId, list);
+}
+
+std::vector<Feature> Capabilities::getListedFeatures(const AttrNodeList& list) const {
+    const KeywordList* known = index_ ? index_->findKeywords(list) : nullptr;
+    return known ? known->features : listedFeatures(list);
 }

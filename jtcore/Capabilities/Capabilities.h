@@ -95,6 +95,8 @@ public:
     static bool isKeywordInList(std::u16string_view attributeId, const AttrNodeList* list);
     // The same; for a list of these capabilities the cost does not depend on its length.
     bool hasKeyword(const AttrNodeList* list, std::u16string_view attributeId) const;
+    // The features that a list of keywords names, in its order.
+    std::vector<Feature> getListedFeatures(const AttrNodeList& list) const;
 
     // Validation. `problems` gets the settings' list as its root and one entry for each thing that the printer cannot
     // do; the settings stay as they are. True when there is none. Attributes that the tables do not know, capabilities

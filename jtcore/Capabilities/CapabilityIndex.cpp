@@ -11,6 +11,16 @@ const std::u16string* listedKeyword(const AttrNode& node) noexcept {
     return &value.asPrimitiveString()->getValue();
 }
 
+std::vector<Feature> listedFeatures(const AttrNodeList& list) {
+    std::vector<Feature> features;
+    for (const AttrNode& node : list) {
+        const std::u16string* keyword = listedKeyword(node);
+        const FeatureInfo* feature = keyword ? FeatureDataBase::find(*keyword) : nullptr;
+        if (feature) features.push_back(feature->number);
+    }
+    return features;
+}
+
 CapabilityIndex::CapabilityIndex(const AttrNodeList& capabilities) {
     supported_.reserve(capabilities.getNumNodes());
     for (const AttrNode& node : capabilities) {
@@ -35,10 +45,10 @@ void CapabilityIndex::buildTables() {
 
 void CapabilityIndex::addKeywords(const AttrNodeList& list) {
     if (list.isEmpty() || !listedKeyword(*list.begin())) return;
-    KeywordSet& keywords = keywords_[&list];
-    keywords.reserve(list.getNumNodes());
+    std::vector<std::u16string_view> keywords;
     for (const AttrNode& node : list)
-        if (const std::u16string* keyword = listedKeyword(node)) keywords.insert(*keyword);
+        if (const std::u16string* keyword = listedKeyword(node)) keywords.push_back(*keyword);
+    keywords_.try_emplace(&list, KeywordList{KeywordSet(keywords), listedFeatures(list)});
 }
 
 const AttrNode* CapabilityIndex::findSupported(std::u16string_view attributeId) const noexcept {
@@ -61,7 +71,7 @@ const AttrNode* CapabilityIndex::findNode(std::u16string_view id) const noexcept
     return found == others_.end() ? nullptr : found->second;
 }
 
-const KeywordSet* CapabilityIndex::findKeywords(const AttrNodeList& list) const noexcept {
+const KeywordList* CapabilityIndex::findKeywords(const AttrNodeList& list) const noexcept {
     const auto found = keywords_.find(&list);
     return found == keywords_.end() ? nullptr : &found->second;
 }

@@ -2,15 +2,19 @@
 #pragma once
 
 #include "jtcore/Attributes/AttrNodeList.h"
+#include "jtcore/Capabilities/KeywordSet.h"
 #include "jtcore/FeatureSettings/CapabilityDataBase.h"
 
 #include <array>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
-using KeywordSet = std::unordered_set<std::u16string_view>;
+// What a set of keywords at the top level lists, and which features that names, in their order.
+struct KeywordList {
+    KeywordSet keywords;
+    std::vector<Feature> features;
+};
 
 class CapabilityIndex {
 public:
@@ -24,8 +28,8 @@ public:
     const AttrNode* findCapability(const CapabilityInfo& row) const noexcept;
     // The first node of exactly that id; null when there is none.
     const AttrNode* findNode(std::u16string_view id) const noexcept;
-    // The keywords of a set of keywords at the top level; null for any other list.
-    const KeywordSet* findKeywords(const AttrNodeList& list) const noexcept;
+    // Null for a list that is no set of keywords at the top level.
+    const KeywordList* findKeywords(const AttrNodeList& list) const noexcept;
 
 private:
     void addKeywords(const AttrNodeList& list);
@@ -33,7 +37,7 @@ private:
 
     std::unordered_map<std::u16string_view, const AttrNode*> supported_; // by the attribute's id
     std::unordered_map<std::u16string_view, const AttrNode*> others_;    // by their own
-    std::unordered_map<const AttrNodeList*, KeywordSet> keywords_;
+    std::unordered_map<const AttrNodeList*, KeywordList> keywords_;
     std::array<const AttrNode*, featureLast + 1> supportedFeatures_{}; // by their numbers
     std::vector<const AttrNode*> rows_;                                // as the rows of CapabilityDataBase
 };
@@ -42,3 +46,5 @@ inline constexpr std::u16string_view supportedSuffix = u"-supported";
 
 // A keyword "value" in a set, as member lists have them, or null for any other node.
 const std::u16string* listedKeyword(const AttrNode& node) noexcept;
+// The features that a list of keywords names, in its order.
+std::vector<Feature> listedFeatures(const AttrNodeList& list);

@@ -11,16 +11,9 @@ namespace {
 // Enough for a value that needs one repair after the other; what is left then cannot be repaired.
 constexpr int maximumRounds = 6;
 
-AttrNodeList readList(const PersistentSettings& settings) {
-    AttrNodeList list;
-    settings.getAttrNodeList(list);
-    return list;
-}
-
 } // namespace
 
-SettingsProblemFixer::SettingsProblemFixer(const PersistentSettings& defaults)
-    : SettingsProblemFixer(readList(defaults)) {}
+SettingsProblemFixer::SettingsProblemFixer(const PersistentSettings& defaults) : defaults_(defaults.getSharedList()) {}
 
 void SettingsProblemFixer::fixProblems(SettingsProblemList& problems) {
     problems.sort([](const SettingsProblem& one, const SettingsProblem& other) {
@@ -43,8 +36,8 @@ bool SettingsProblemFixer::isHandled(const SettingsProblem& problem) const {
 void SettingsProblemFixer::fix(SettingsProblem& problem) {
     if (isHandled(problem)) return;
     const bool isReplaced =
-        repairRankOf(problem) == RepairRank::unsupportedValue && problem.getFix(defaults_).kind == FixKind::replace;
-    problem.fix(defaults_);
+        repairRankOf(problem) == RepairRank::unsupportedValue && problem.getFix(*defaults_).kind == FixKind::replace;
+    problem.fix(*defaults_);
     if (isReplaced) replacedNodes_.insert(problem.getNode());
     handledNodes_.insert(problem.getRemovedNodes().begin(), problem.getRemovedNodes().end());
 }
@@ -60,12 +53,14 @@ bool SettingsProblemFixer::fixUntilValid(SettingsProblemList& problems, const Va
 }
 
 void SettingsProblemFixer::dropUselessDefaults(const SettingsProblemList& problems) {
+    auto kept = std::make_shared<AttrNodeList>(*defaults_);
     std::size_t position = 0;
     for (problems.resetIterator(position); problems.hasMoreSettingsProblems(position);) {
         const SettingsProblem& problem = problems.getNextSettingsProblem(position);
         const FeatureInfo* feature = FeatureDataBase::find(problem.getProblemAttrName());
-        AttrNodeList* holder = feature && problem.getNode() ? feature->nestedId().findList(defaults_) : nullptr;
+        AttrNodeList* holder = feature && problem.getNode() ? feature->nestedId().findList(*kept) : nullptr;
         const AttrNode* used = holder ? holder->getNode(feature->path.leaf) : nullptr;
         if (used && used->getAttrValue().equals(problem.getNode()->getAttrValue())) holder->deleteNodeObject(used);
     }
+    defaults_ = std::move(kept);
 }

@@ -5,6 +5,7 @@
 #include "jtcore/Attributes/AttrNodeList.h"
 
 #include <functional>
+#include <memory>
 #include <unordered_set>
 
 class PersistentSettings;
@@ -15,7 +16,8 @@ class SettingsProblemFixer {
 public:
     // Of the settings that repairs take values from. Raises what reading them raises.
     explicit SettingsProblemFixer(const PersistentSettings& defaults);
-    explicit SettingsProblemFixer(AttrNodeList defaults) noexcept : defaults_(std::move(defaults)) {}
+    explicit SettingsProblemFixer(AttrNodeList defaults)
+        : defaults_(std::make_shared<const AttrNodeList>(std::move(defaults))) {}
 
     // Repairs each problem once, in the order that keeps later repairs meaningful: unsupported attributes, unsupported
     // values, failed capabilities, missing features. What stood on a node that an earlier repair took away is skipped.
@@ -37,7 +39,7 @@ private:
     // Takes out of the defaults what stands in the settings, put there by a repair, and is a problem itself.
     void dropUselessDefaults(const SettingsProblemList& problems);
 
-    AttrNodeList defaults_;
+    std::shared_ptr<const AttrNodeList> defaults_;      // replaced by a copy where something goes
     std::unordered_set<const AttrNode*> handledNodes_;  // taken away
     std::unordered_set<const AttrNode*> replacedNodes_; // that got a default for an unsupported value
 };

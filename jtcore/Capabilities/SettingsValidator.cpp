@@ -42,15 +42,11 @@ SettingsValidator::SettingsValidator(const Capabilities& capabilities, SettingsP
       userDefined_(capabilities.getCapabilityList({Feature::any, CapabilityType::userDefinedList})) {}
 
 std::vector<Feature> SettingsValidator::findRequiredFeatures(const AttrNodeList* members, Feature parent) const {
-    std::vector<Feature> required;
-    if (!members) return required;
-    for (const AttrNode& node : *members) {
-        const std::u16string* keyword = listedKeyword(node);
-        const FeatureInfo* feature = keyword ? FeatureDataBase::find(*keyword) : nullptr;
-        if (feature && !isNeverRequired(feature->number) &&
-            !capabilities_.isUnspecifiedAllowed(feature->number, parent))
-            required.push_back(feature->number);
-    }
+    if (!members) return {};
+    std::vector<Feature> required = capabilities_.getListedFeatures(*members);
+    std::erase_if(required, [&](Feature feature) {
+        return isNeverRequired(feature) || capabilities_.isUnspecifiedAllowed(feature, parent);
+    });
     return required;
 }
 

@@ -1,5 +1,6 @@
 #include "jtcore/Compress/CompressedBuffer.h"
 
+#include "jtcore/Compress/KeptDeflater.h"
 #include "jtcore/Compress/zlibBuffer.h"
 #include "jtcore/Services/KolmaException.h"
 
@@ -32,6 +33,15 @@ void appendBigEndian(ByteBuffer& out, std::uint32_t value) {
 // zlib's own bound for any level lies below this.
 std::size_t workSize(std::size_t size) { return size + size / 100 + 13; }
 
+int compress(const Bytef* in, std::size_t size, std::int32_t level, Bytef* out, std::size_t& outSize) {
+    if (level == CompressedBuffer::defaultLevel && size <= CompressedBuffer::settingsLimit)
+        return KeptDeflater().compress(in, size, out, outSize);
+    auto length = static_cast<uLongf>(outSize);
+    const int code = compress2(out, &length, in, static_cast<uLong>(size), level);
+    outSize = length;
+    return code;
+}
+
 } // namespace
 
 CompressedBuffer::CompressedBuffer(std::int32_t level) : level_(level) { appendFooter(); }
@@ -52,9 +62,8 @@ void CompressedBuffer::store(const void* data, std::size_t size) {
     if (size != 0) {
         ByteBuffer work;
         work.resize(workSize(size));
-        auto length = static_cast<uLongf>(work.getSize());
-        int code =
-            compress2(work.getData(), &length, static_cast<const Bytef*>(data), static_cast<uLong>(size), level_);
+        std::size_t length = work.getSize();
+        int code = compress(static_cast<const Bytef*>(data), size, level_, work.getData(), length);
         if (code != Z_OK)
             raise<CompressionException>(u"CompressedBuffer::store(): ZLIB returned an error (%s) from compress()!\r\n",
                                         getZlibCodeText(code));

@@ -164,6 +164,8 @@ private:
 
 class CompactWriter {
 public:
+    explicit CompactWriter(const CompactSpelling& spelling) : spelling_(spelling) {}
+
     bool write(const AttrNodeList& list) {
         out_ += head;
         if (!writeNodes(list, 2)) return false;
@@ -176,55 +178,82 @@ public:
 private:
     bool writeNodes(const AttrNodeList& list, int depth) {
         for (const AttrNode& node : list)
-            if (!node.isPrivate() && (depth > xmlMaximumDepth || !writeNode(node, depth))) return false;
+            if (node.isPrivate())
+                pass(node);
+            else if (depth > xmlMaximumDepth || !writeNode(node, depth))
+                return false;
         return true;
     }
 
     bool writeNode(const AttrNode& node, int depth) {
-        const std::u16string& id = node.getAttrID().getName();
+        const CompactSpelling::Id id = spelling_.spellId(node.getAttrID());
         const AttrValue& value = node.getAttrValue();
         std::u16string_view syntax = toCompactSyntax(value.getSyntaxName());
-        if (!isAsciiName(id) || !isAsciiName(syntax)) return false;
+        if (!isAsciiName(id.text) || !isAsciiName(syntax)) return false;
         out_ += '<';
-        writeAscii(id);
+        writeAscii(id.text);
         out_ += " s=\"";
         writeAscii(syntax);
         out_ += '"';
         if (value.isPreservedText()) out_ += preserve;
-        if (!writeContent(value, depth)) return false;
-        return writeEndTag(id, value);
-    }
-
-    bool writeContent(const AttrValue& value, int depth) {
-        if (const IppList* inner = value.asList()) {
-            if (isWrittenEmpty(inner->getList())) return true;
-            out_ += '>';
-            return writeNodes(inner->getList(), depth + 1);
-        }
-        out_ += '>';
-        if (const PrimitiveString* text = value.asPrimitiveString()) return writeText(text->getValue());
-        return writeText(value.getIppValue());
-    }
-
-    bool writeEndTag(const std::u16string& id, const AttrValue& value) {
         const IppList* inner = value.asList();
-        if (inner && isWrittenEmpty(inner->getList())) {
+        return inner ? writeList(id, inner->getList(), depth) : writeValue(id, value);
+    }
+
+    bool writeList(const CompactSpelling::Id& id, const AttrNodeList& list, int depth) {
+        const bool isEmpty = isWrittenEmpty(list);
+        if (!isEmpty) out_ += '>';
+        if (!writeNodes(list, depth + 1)) return false;
+        meet(id);
+        if (isEmpty)
             out_ += "/>";
-            return true;
-        }
-        out_ += "</";
-        writeAscii(id);
-        out_ += '>';
+        else
+            writeEndTag(id);
         return true;
+    }
+
+    bool writeValue(const CompactSpelling::Id& id, const AttrValue& value) {
+        out_ += '>';
+        meet(id);
+        const PrimitiveString* text = value.asPrimitiveString();
+        if (!(text ? writeText(spelling_.spellText(text->getValue(), context_, scratch_))
+                   : writeText(value.getIppValue())))
+            return false;
+        writeEndTag(id);
+        return true;
+    }
+
+    void writeEndTag(const CompactSpelling::Id& id) {
+        out_ += "</";
+        writeAscii(id.text);
+        out_ += '>';
+    }
+
+    void meet(const CompactSpelling::Id& id) { context_ = id.context.value_or(context_); }
+
+    // What is not written is met all the same.
+    void pass(const AttrNode& node) {
+        if (const IppList* inner = node.getAttrValue().asList())
+            for (const AttrNode& below : inner->getList())
+                pass(below);
+        meet(spelling_.spellId(node.getAttrID()));
     }
 
     static bool isWrittenEmpty(const AttrNodeList& list) {
         return std::all_of(list.begin(), list.end(), [](const AttrNode& node) { return node.isPrivate(); });
     }
 
-    void writeAscii(std::u16string_view text) { out_.append(text.begin(), text.end()); }
+    void writeAscii(std::u16string_view text) {
+        const std::size_t start = out_.size();
+        out_.resize(start + text.size());
+        std::ranges::transform(text, out_.begin() + static_cast<std::ptrdiff_t>(start),
+                               [](char16_t unit) { return static_cast<char>(unit); });
+    }
 
     bool writeText(std::u16string_view text) {
+        const auto plain = static_cast<std::size_t>(std::ranges::find_if_not(text, isPlain) - text.begin());
+        writeAscii(text.substr(0, plain));
+        text.remove_prefix(plain);
         if (findUnwritableCharacter(text) != text.npos) return false;
         while (!text.empty()) {
             std::size_t length = text.find_first_of(u"&<>\r");
@@ -234,6 +263,11 @@ private:
             text.remove_prefix(length + 1);
         }
         return true;
+    }
+
+    // Stands for itself in one byte.
+    static bool isPlain(char16_t unit) {
+        return unit >= u' ' && unit < 0x7F && unit != u'&' && unit != u'<' && unit != u'>';
     }
 
     static std::string_view escapeOf(char16_t unit) {
@@ -249,7 +283,10 @@ private:
         }
     }
 
+    const CompactSpelling& spelling_;
+    int context_ = CompactSpelling::noContext;
     std::string out_;
+    std::u16string scratch_;
 };
 
 } // namespace
@@ -267,8 +304,8 @@ bool readCompactText(const ByteBuffer& text, AttrNodeList& list) {
     return true;
 }
 
-bool writeCompactText(const AttrNodeList& list, ByteBuffer& text) {
-    CompactWriter writer;
+bool writeCompactText(const AttrNodeList& list, ByteBuffer& text, const CompactSpelling& spelling) {
+    CompactWriter writer(spelling);
     if (!writer.write(list)) return false;
     text.appendData(writer.text().data(), writer.text().size());
     return true;

@@ -16,13 +16,15 @@ ByteBuffer inStoredForm(std::u16string_view value) { return ByteBuffer(value); }
 
 } // namespace
 
-UserPreferences::UserPreferences(const std::u16string& driverName)
-    : keyPath_(root + driverName),
-      rows_{
+UserPreferences::UserPreferences(const std::u16string& driverName) : keyPath_(root + driverName) {}
+
+const std::vector<PreferenceRow>& UserPreferences::getRows() {
+    static const std::vector<PreferenceRow> rows = {
 #define USER_PREFERENCE(Stem, Type, kind, name, fallback) {u##name, PreferenceKind::kind, inStoredForm(Type(fallback))},
 #include "jtcore/Services/UserPreferences.def"
 #undef USER_PREFERENCE
-      } {
+    };
+    return rows;
 }
 
 #define USER_PREFERENCE(Stem, Type, kind, name, fallback)                                                              \
@@ -37,8 +39,8 @@ UserPreferences::UserPreferences(const std::u16string& driverName)
 
 bool UserPreferences::hasJobNamePreference() const { return registry_.hasValue(keyPath_, jobNamePreference); }
 
-const PreferenceRow& UserPreferences::findRow(std::u16string_view name) const {
-    return *std::find_if(rows_.begin(), rows_.end(), [name](const PreferenceRow& row) { return row.name == name; });
+const PreferenceRow& UserPreferences::findRow(std::u16string_view name) {
+    return *std::ranges::find(getRows(), name, &PreferenceRow::name);
 }
 
 void UserPreferences::read(std::u16string_view name, bool& value) const {

@@ -38,10 +38,11 @@ public:
     bool hasJobNamePreference() const;
 
     const std::u16string& getKeyPath() const noexcept { return keyPath_; }
-    const std::vector<PreferenceRow>& getRows() const noexcept { return rows_; }
+    // The same for every driver.
+    static const std::vector<PreferenceRow>& getRows();
 
 private:
-    const PreferenceRow& findRow(std::u16string_view name) const;
+    static const PreferenceRow& findRow(std::u16string_view name);
     void read(std::u16string_view name, bool& value) const;
     void read(std::u16string_view name, std::int32_t& value) const;
     void read(std::u16string_view name, std::u16string& value) const;
@@ -51,5 +52,4 @@ private:
 
     std::u16string keyPath_;
     Registry registry_;
-    std::vector<PreferenceRow> rows_;
 };

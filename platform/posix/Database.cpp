@@ -1,10 +1,9 @@
 #include "platform/posix/Database.h"
 
-#include "platform/posix/fileSystem.h"
+#include "platform/posix/FileStamp.h"
 #include "platform/posix/path.h"
 #include "platform/posix/service.h"
 
-#include <cerrno>
 #include <sqlite3.h>
 #include <utility>
 
@@ -131,11 +130,7 @@ bool Database::hasTables() const {
 
 std::optional<Database> Database::openForReading(const std::string& folder, const Layout& layout) {
     std::string path = folder + "/" + layout.fileName;
-    struct stat status {};
-    if (fileSystem().stat(path.c_str(), &status) != 0) {
-        if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
-        failOnPath(path);
-    }
+    if (!FileStamp::of(path)) return std::nullopt;
     // Writing is needed to take back what a killed process left half done; without the right to, reading still works.
     Database database(path, SQLITE_OPEN_READWRITE);
     // One view of the store for all that is read through this object, and one taking of the lock.
@@ -158,3 +153,8 @@ Database Database::openForWriting(const std::string& folder, const Layout& layou
 void Database::commit() { run("COMMIT"); }
 
 std::int64_t Database::lastRow() const { return sqlite3_last_insert_rowid(database_); }
+
+bool Database::changesItsFile() const {
+    Statement mode = prepare("PRAGMA journal_mode");
+    return mode.step() && mode.text(0) != "wal";
+}

@@ -1,5 +1,5 @@
-// One store of the user's, a SQLite file. Opened for each call and closed after it: nothing is held between calls, so
-// several processes, a fork and a file that goes away are all harmless.
+// One store of the user's, a SQLite file. Opened for each reading and writing and closed after it: no lock and no file
+// is held between calls, so several processes, a fork and a file that goes away are all harmless.
 //
 // Every failure throws a PlatformError. Another process's writing is waited for, a few seconds at most (ERROR_BUSY).
 #pragma once
@@ -63,6 +63,8 @@ public:
     // Ends the transaction of openForWriting; without it nothing was written.
     void commit();
     std::int64_t lastRow() const;
+    // Whether every commit is a change of the file itself, as in all stores of our making.
+    bool changesItsFile() const;
 
 private:
     Database(const std::string& path, int flags);

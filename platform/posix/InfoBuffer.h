@@ -27,19 +27,20 @@ public:
         return reinterpret_cast<LPWSTR>((offset + 1) * sizeof(WCHAR)); // NOLINT: 0 stays null
     }
 
-    // Fails with ERROR_INSUFFICIENT_BUFFER. The size needed is told in both cases.
+    // False, and nothing written, when the buffer is too small: so the size is asked for, which is told in both cases.
     template <typename... Members>
-    void write(LPBYTE buffer, DWORD size, LPDWORD needed, Members... members) {
+    bool write(LPBYTE buffer, DWORD size, LPDWORD needed, Members... members) {
         require(needed != nullptr, ERROR_INVALID_PARAMETER);
         std::size_t front = rows_.size() * sizeof(Info);
         std::size_t total = front + pool_.size() * sizeof(WCHAR);
         *needed = static_cast<DWORD>(total);
-        require(size >= total && (buffer != nullptr || total == 0), ERROR_INSUFFICIENT_BUFFER);
+        if (size < total || (buffer == nullptr && total != 0)) return false;
         for (Info& row : rows_)
             ((row.*members = address(buffer + front, row.*members)), ...);
-        if (total == 0) return;
+        if (total == 0) return true;
         std::memcpy(buffer, rows_.data(), front);
         std::memcpy(buffer + front, pool_.data(), total - front);
+        return true;
     }
 
     std::size_t count() const noexcept { return rows_.size(); }

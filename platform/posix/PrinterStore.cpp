@@ -1,7 +1,10 @@
 #include "platform/posix/PrinterStore.h"
 
+#include "platform/posix/KeptAnswers.h"
 #include "platform/posix/userFolders.h"
 #include "platform/posix/wideText.h"
+
+#include <utility>
 
 namespace {
 
@@ -11,6 +14,12 @@ constexpr Database::Layout layout = {
     "CREATE TABLE printer(id INTEGER PRIMARY KEY AUTOINCREMENT, folded TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
     " driver TEXT NOT NULL);" KOLMA_VALUE_TABLE,
 };
+
+// Never destroyed: printers are still asked for while the process ends.
+KeptAnswers<PrinterEntry>& keptAnswers() {
+    static auto* answers = new KeptAnswers<PrinterEntry>;
+    return *answers;
+}
 
 PrinterEntry entryOf(const Statement& row) { return {row.integer(0), wideText(row.text(1)), wideText(row.text(2))}; }
 
@@ -31,6 +40,13 @@ PrinterEntry printerAt(const Database& database, const OpenPrinter& printer) {
     Statement row = database.prepare("SELECT id, name, driver FROM printer WHERE id = ?");
     require(row.bind(printer.row).step(), ERROR_PRINTER_DELETED);
     return entryOf(row);
+}
+
+PrinterEntry printerBehind(const OpenPrinter& printer) {
+    auto entry = keptAnswers().ask(dataFolder(), layout, std::to_string(printer.row),
+                                   [&](const Database& store) { return printerAt(store, printer); });
+    require(entry.has_value(), ERROR_PRINTER_DELETED);
+    return std::move(*entry);
 }
 
 std::vector<PrinterEntry> listPrinters(const Database& database) {

@@ -16,6 +16,8 @@ struct PrinterEntry {
     std::int64_t row;
     std::u16string name;
     std::u16string driverName;
+
+    bool isSmall() const noexcept { return name.size() + driverName.size() <= 1024; }
 };
 
 inline HandleTable<OpenPrinter>& openPrinters() { return handleTable<HandleKind::printer, OpenPrinter>(); }
@@ -26,6 +28,8 @@ Database changePrinters();
 std::optional<PrinterEntry> findPrinter(const Database& database, std::u16string_view name);
 // Fails with ERROR_PRINTER_DELETED.
 PrinterEntry printerAt(const Database& database, const OpenPrinter& printer);
+// The same, without a look into a store that has not been touched since the last one.
+PrinterEntry printerBehind(const OpenPrinter& printer);
 // In the order of the names.
 std::vector<PrinterEntry> listPrinters(const Database& database);
 std::int64_t addPrinter(const Database& database, std::u16string_view name, std::u16string_view driverName);

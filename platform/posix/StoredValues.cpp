@@ -3,12 +3,20 @@
 #include "platform/posix/service.h"
 #include "platform/posix/wideText.h"
 
-StoredValue readValue(const Database& database, std::int64_t owner, std::u16string_view name) {
+#include <utility>
+
+std::optional<StoredValue> findValue(const Database& database, std::int64_t owner, std::u16string_view name) {
     std::string folded = narrowText(foldCase(name));
     Statement row = database.prepare("SELECT type, data FROM value WHERE owner = ? AND folded = ?");
-    require(row.bind(owner).bind(folded).step(), ERROR_FILE_NOT_FOUND);
+    if (!row.bind(owner).bind(folded).step()) return std::nullopt;
     std::span<const BYTE> data = row.bytes(1);
-    return {static_cast<DWORD>(row.integer(0)), {data.begin(), data.end()}};
+    return StoredValue{static_cast<DWORD>(row.integer(0)), {data.begin(), data.end()}};
+}
+
+StoredValue readValue(const Database& database, std::int64_t owner, std::u16string_view name) {
+    auto value = findValue(database, owner, name);
+    require(value.has_value(), ERROR_FILE_NOT_FOUND);
+    return std::move(*value);
 }
 
 void writeValue(const Database& database, std::int64_t owner, std::u16string_view name, DWORD type,

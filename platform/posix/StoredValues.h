@@ -13,7 +13,10 @@ struct StoredValue {
     std::vector<BYTE> data;
 };
 
-// Fails with ERROR_FILE_NOT_FOUND for what is not there, as does deleteValue.
+// Nothing for what is not there.
+std::optional<StoredValue> findValue(const Database& database, std::int64_t owner, std::u16string_view name);
+
+// The same; fails with ERROR_FILE_NOT_FOUND for what is not there, as does deleteValue.
 StoredValue readValue(const Database& database, std::int64_t owner, std::u16string_view name);
 void writeValue(const Database& database, std::int64_t owner, std::u16string_view name, DWORD type,
                 std::span<const BYTE> data);

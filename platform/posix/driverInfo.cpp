@@ -23,11 +23,10 @@ std::u16string environmentOf(LPCWSTR environment) {
     return environment;
 }
 
-PrinterEntry printerOf(HANDLE handle) {
-    auto printer = openPrinters().get(handle);
-    auto store = readPrinters();
-    require(store.has_value(), ERROR_PRINTER_DELETED);
-    return printerAt(*store, *printer);
+// Asking for the size is how nearly every question begins, and is not worth a throw.
+BOOL answer(bool fits) noexcept {
+    if (!fits) SetLastError(ERROR_INSUFFICIENT_BUFFER);
+    return fits ? TRUE : FALSE;
 }
 
 } // namespace
@@ -44,12 +43,11 @@ BOOL WINAPI GetPrinterDriverW(HANDLE hPrinter, LPWSTR pEnvironment, DWORD Level,
     return service<BOOL>(FALSE, [&] {
         require(Level == 1 || Level == 2, ERROR_INVALID_LEVEL);
         std::u16string environment = environmentOf(pEnvironment);
-        PrinterEntry printer = printerOf(hPrinter);
+        PrinterEntry printer = printerBehind(*openPrinters().get(hPrinter));
         if (Level == 1) {
             InfoBuffer<DRIVER_INFO_1W> infos;
             infos.add([&](DRIVER_INFO_1W& info, auto& texts) { info.pName = texts.text(printer.driverName); });
-            infos.write(pDriverInfo, cbBuf, pcbNeeded, &DRIVER_INFO_1W::pName);
-            return TRUE;
+            return answer(infos.write(pDriverInfo, cbBuf, pcbNeeded, &DRIVER_INFO_1W::pName));
         }
         std::u16string folder = wideText(driverFolder());
         InfoBuffer<DRIVER_INFO_2W> infos;
@@ -61,9 +59,9 @@ BOOL WINAPI GetPrinterDriverW(HANDLE hPrinter, LPWSTR pEnvironment, DWORD Level,
             info.pDataFile = texts.text(folder + wideText(resourceFile));
             info.pConfigFile = texts.text(folder + wideText(driverFile));
         });
-        infos.write(pDriverInfo, cbBuf, pcbNeeded, &DRIVER_INFO_2W::pName, &DRIVER_INFO_2W::pEnvironment,
-                    &DRIVER_INFO_2W::pDriverPath, &DRIVER_INFO_2W::pDataFile, &DRIVER_INFO_2W::pConfigFile);
-        return TRUE;
+        return answer(infos.write(pDriverInfo, cbBuf, pcbNeeded, &DRIVER_INFO_2W::pName, &DRIVER_INFO_2W::pEnvironment,
+                                  &DRIVER_INFO_2W::pDriverPath, &DRIVER_INFO_2W::pDataFile,
+                                  &DRIVER_INFO_2W::pConfigFile));
     });
 }
 

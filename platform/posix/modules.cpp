@@ -202,7 +202,7 @@ FARPROC WINAPI GetProcAddress(HMODULE hModule, LPCSTR lpProcName) {
         FARPROC entry = nullptr;
         if (module->program != nullptr) entry = reinterpret_cast<FARPROC>(::dlsym(module->program, lpProcName));
         for (const SystemEntry& row : systemEntries())
-            if (module->isSystem && narrowText(row.module) == module->path && row.name == lpProcName) entry = row.entry;
+            if (module->isSystem && row.name == lpProcName && narrowText(row.module) == module->path) entry = row.entry;
         require(entry != nullptr, ERROR_PROC_NOT_FOUND);
         return entry;
     });

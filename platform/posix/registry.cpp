@@ -1,6 +1,7 @@
 #include "platform/registry.h"
 
 #include "platform/posix/HandleTable.h"
+#include "platform/posix/KeptAnswers.h"
 #include "platform/posix/StoredValues.h"
 #include "platform/posix/userFolders.h"
 #include "platform/posix/wideText.h"
@@ -23,8 +24,6 @@ struct Key {
 };
 
 HandleTable<Key, HKEY>& openKeys() { return handleTable<HandleKind::key, Key, HKEY>(); }
-
-std::optional<Database> readStore() { return Database::openForReading(configurationFolder(), layout); }
 
 Database writeStore() { return Database::openForWriting(configurationFolder(), layout); }
 
@@ -55,11 +54,30 @@ std::optional<std::int64_t> findKey(const Database& database, const std::u16stri
     return row.integer(0);
 }
 
-bool keyExists(const std::u16string& path) {
-    std::string checked = narrowText(path);
-    auto store = readStore();
-    return path.empty() || (store && findKey(*store, path));
+// What the store says of one value.
+struct ValueAnswer {
+    bool hasKey = false;
+    std::optional<StoredValue> value;
+
+    bool isSmall() const noexcept { return !value || value->data.size() <= 1024; }
+};
+
+// Never destroyed: keys are still read while the process ends.
+KeptAnswers<ValueAnswer>& keptAnswers() {
+    static auto* answers = new KeptAnswers<ValueAnswer>;
+    return *answers;
 }
+
+ValueAnswer askFor(const std::u16string& path, std::u16string_view name) {
+    std::string question = narrowText(foldCase(path)) + '\n' + narrowText(foldCase(name));
+    auto answer = keptAnswers().ask(configurationFolder(), layout, question, [&](const Database& store) {
+        auto id = findKey(store, path);
+        return id ? ValueAnswer{true, findValue(store, *id, name)} : ValueAnswer();
+    });
+    return answer.value_or(ValueAnswer());
+}
+
+bool keyExists(const std::u16string& path) { return askFor(path, u"").hasKey || path.empty(); }
 
 void addKey(const Database& database, const std::u16string& path) {
     std::string folded = narrowText(foldCase(path));
@@ -100,30 +118,31 @@ LSTATUS WINAPI RegCreateKeyExW(HKEY hKey, LPCWSTR lpSubKey, DWORD Reserved, LPWS
 }
 
 LSTATUS WINAPI RegOpenKeyExW(HKEY hKey, LPCWSTR lpSubKey, DWORD, REGSAM samDesired, PHKEY phkResult) {
-    return static_cast<LSTATUS>(errorNumberOf([&] {
+    return static_cast<LSTATUS>(errorNumberOf([&]() -> DWORD {
         require(phkResult != nullptr, ERROR_INVALID_PARAMETER);
         std::u16string path = subKeyPath(*keyOf(hKey), lpSubKey);
-        require(keyExists(path), ERROR_FILE_NOT_FOUND);
+        if (!keyExists(path)) return ERROR_FILE_NOT_FOUND;
         *phkResult = openKey(std::move(path), samDesired);
+        return ERROR_SUCCESS;
     }));
 }
 
 LSTATUS WINAPI RegQueryValueExW(HKEY hKey, LPCWSTR lpValueName, LPDWORD lpReserved, LPDWORD lpType, LPBYTE lpData,
                                 LPDWORD lpcbData) {
-    return static_cast<LSTATUS>(errorNumberOf([&] {
+    return static_cast<LSTATUS>(errorNumberOf([&]() -> DWORD {
         require(lpReserved == nullptr && (lpData == nullptr || lpcbData != nullptr), ERROR_INVALID_PARAMETER);
         auto key = keyOf(hKey);
         require((key->access & KEY_QUERY_VALUE) != 0, ERROR_ACCESS_DENIED);
-        auto store = readStore();
-        auto id = store ? findKey(*store, key->path) : std::nullopt;
-        require(id.has_value(), ERROR_FILE_NOT_FOUND);
-        StoredValue value = readValue(*store, *id, lpValueName == nullptr ? u"" : lpValueName);
+        ValueAnswer answer = askFor(key->path, lpValueName == nullptr ? u"" : lpValueName);
+        if (!answer.value) return ERROR_FILE_NOT_FOUND;
+        const StoredValue& value = *answer.value;
         if (lpType != nullptr) *lpType = value.type;
-        if (lpcbData == nullptr) return;
+        if (lpcbData == nullptr) return ERROR_SUCCESS;
         DWORD room = std::exchange(*lpcbData, static_cast<DWORD>(value.data.size()));
-        if (lpData == nullptr) return;
-        require(room >= value.data.size(), ERROR_MORE_DATA);
+        if (lpData == nullptr) return ERROR_SUCCESS;
+        if (room < value.data.size()) return ERROR_MORE_DATA;
         std::copy(value.data.begin(), value.data.end(), lpData);
+        return ERROR_SUCCESS;
     }));
 }
 

@@ -66,7 +66,7 @@ DWORD answerEnumeration(DWORD flags, LPBYTE buffer, DWORD size, LPDWORD needed, 
     InfoBuffer<Info> infos;
     if ((flags & PRINTER_ENUM_LOCAL) != 0)
         if (auto store = readPrinters()) enumerate(listPrinters(*store), infos);
-    infos.write(buffer, size, needed, members...);
+    require(infos.write(buffer, size, needed, members...), ERROR_INSUFFICIENT_BUFFER);
     return static_cast<DWORD>(infos.count());
 }
 

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <mutex>
 #include <pwd.h>
 #include <unistd.h>
 #include <vector>
@@ -30,6 +31,19 @@ std::string accountEntry(Member member) {
     return "";
 }
 
+// The name of the account, kept: it is the one that was logged on under. Empty, and looked for again, when there is
+// none.
+std::string accountName() {
+    static std::mutex mutex;
+    static uid_t knownUser = 0;
+    static std::string knownName;
+    const std::lock_guard lock(mutex);
+    const uid_t user = ::geteuid();
+    if (knownName.empty() || knownUser != user) knownName = accountEntry(&passwd::pw_name);
+    knownUser = user;
+    return knownName;
+}
+
 std::string baseFolder(const char* variable, const char* underHome) {
     std::string base = environmentPath(variable);
     if (base.empty()) base = homeFolder() + underHome;
@@ -39,7 +53,7 @@ std::string baseFolder(const char* variable, const char* underHome) {
 } // namespace
 
 std::string userName() {
-    std::string name = accountEntry(&passwd::pw_name);
+    std::string name = accountName();
     for (const char* variable : {"LOGNAME", "USER"})
         if (const char* value = std::getenv(variable); name.empty() && value != nullptr) name = value;
     return name;

@@ -79,9 +79,10 @@ char16_t upperCase(char16_t unit, locale_t locale) {
 } // namespace
 
 std::string narrowText(std::u16string_view text) {
-    std::string out;
-    out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
+    // Nearly all names are of plain characters alone.
+    auto at = static_cast<std::size_t>(std::ranges::find_if(text, [](char16_t c) { return c >= 0x80; }) - text.begin());
+    std::string out(text.begin(), text.begin() + at);
+    while (at < text.size()) {
         char32_t point = nextOfUtf16(text, at);
         require(point != notText, ERROR_INVALID_NAME);
         appendUtf8(out, point);
