@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/com.h"
+#include "platform/driver_sheets.h"
 #include "platform/types.h"
 
 #ifdef _WIN32
@@ -69,50 +70,6 @@ inline constexpr DWORD DM_IN_BUFFER = DM_MODIFY;
 inline constexpr DWORD DM_IN_PROMPT = DM_PROMPT;
 inline constexpr DWORD DM_OUT_BUFFER = DM_COPY;
 inline constexpr DWORD DM_OUT_DEFAULT = DM_UPDATE;
-
-// Option items of the host's own sheets.
-struct OPTITEM;
-using POPTITEM = OPTITEM*;
-struct OPTTYPE;
-using POPTTYPE = OPTTYPE*;
-struct OPTPARAM;
-using POPTPARAM = OPTPARAM*;
-struct CPSUICBPARAM;
-using PCPSUICBPARAM = CPSUICBPARAM*;
-
-// The property sheet's side.
-inline constexpr WORD PROPSHEETUI_INFO_VERSION = 0x0100;
-inline constexpr WORD PROPSHEETUI_REASON_INIT = 0;
-inline constexpr WORD PROPSHEETUI_REASON_GET_INFO_HEADER = 1;
-inline constexpr WORD PROPSHEETUI_REASON_DESTROY = 2;
-inline constexpr WORD PROPSHEETUI_REASON_SET_RESULT = 3;
-inline constexpr WORD PROPSHEETUI_REASON_GET_ICON = 4;
-
-inline constexpr LONG CPSUI_CANCEL = 0;
-inline constexpr LONG CPSUI_OK = 1;
-
-using PFNCOMPROPSHEET = LONG_PTR(CALLBACK*)(HANDLE hComPropSheet, UINT Function, LPARAM lParam1, LPARAM lParam2);
-
-struct PROPSHEETUI_INFO {
-    WORD cbSize;
-    WORD Version;
-    WORD Flags;
-    WORD Reason;
-    HANDLE hComPropSheet;
-    PFNCOMPROPSHEET pfnComPropSheet;
-    LPARAM lParamInit;
-    ULONG_PTR UserData;
-    ULONG_PTR Result;
-};
-using PPROPSHEETUI_INFO = PROPSHEETUI_INFO*;
-
-struct SETRESULT_INFO {
-    WORD cbSize;
-    WORD wReserved;
-    HANDLE hSetResult;
-    LRESULT Result;
-};
-using PSETRESULT_INFO = SETRESULT_INFO*;
 
 // GetInfo.
 inline constexpr DWORD OEMGI_GETSIGNATURE = 1;

@@ -77,9 +77,51 @@ struct HWND__;
 using HWND = HWND__*;
 struct HICON__;
 using HICON = HICON__*;
+using HCURSOR = HICON;
+struct HMENU__;
+using HMENU = HMENU__*;
+struct HDC__;
+using HDC = HDC__*;
+struct HBITMAP__;
+using HBITMAP = HBITMAP__*;
+struct HBRUSH__;
+using HBRUSH = HBRUSH__*;
+struct HPEN__;
+using HPEN = HPEN__*;
+struct HFONT__;
+using HFONT = HFONT__*;
+struct HRGN__;
+using HRGN = HRGN__*;
+// Any object that a device context takes; each of their handles converts to it.
+using HGDIOBJ = void*;
+struct _IMAGELIST; // NOLINT: published
+using HIMAGELIST = _IMAGELIST*;
 struct HKEY__;
 using HKEY = HKEY__*;
 using PHKEY = HKEY*;
+
+struct POINT {
+    LONG x;
+    LONG y;
+};
+using LPPOINT = POINT*;
+struct SIZE {
+    LONG cx;
+    LONG cy;
+};
+using LPSIZE = SIZE*;
+struct RECT {
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+};
+using LPRECT = RECT*;
+using LPCRECT = const RECT*;
+
+// 0x00BBGGRR.
+using COLORREF = DWORD;
+using ATOM = WORD;
 
 struct GUID {
     std::uint32_t Data1;
@@ -110,6 +152,33 @@ inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<
 #define APIENTRY
 #define CALLBACK
 #define STDMETHODCALLTYPE
+
+using WNDPROC = LRESULT(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
+using DLGPROC = INT_PTR(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
+using WNDENUMPROC = BOOL(CALLBACK*)(HWND, LPARAM);
+using TIMERPROC = void(CALLBACK*)(HWND, UINT, UINT_PTR, DWORD);
+
+constexpr WORD LOWORD(ULONG_PTR value) noexcept { return static_cast<WORD>(value & 0xFFFFU); }
+constexpr WORD HIWORD(ULONG_PTR value) noexcept { return static_cast<WORD>(value >> 16U & 0xFFFFU); }
+constexpr WORD LOWORD(LONG_PTR value) noexcept { return LOWORD(static_cast<ULONG_PTR>(value)); }
+constexpr WORD HIWORD(LONG_PTR value) noexcept { return HIWORD(static_cast<ULONG_PTR>(value)); }
+constexpr WORD LOWORD(DWORD value) noexcept { return LOWORD(static_cast<ULONG_PTR>(value)); }
+constexpr WORD HIWORD(DWORD value) noexcept { return HIWORD(static_cast<ULONG_PTR>(value)); }
+constexpr WORD LOWORD(LONG value) noexcept { return LOWORD(static_cast<DWORD>(value)); }
+constexpr WORD HIWORD(LONG value) noexcept { return HIWORD(static_cast<DWORD>(value)); }
+template <typename Low, typename High>
+constexpr LONG MAKELONG(Low low, High high) noexcept {
+    return static_cast<LONG>(static_cast<DWORD>(static_cast<WORD>(low)) | static_cast<DWORD>(static_cast<WORD>(high))
+                                                                              << 16U);
+}
+template <typename Low, typename High>
+constexpr LPARAM MAKELPARAM(Low low, High high) noexcept {
+    return static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(low, high)));
+}
+template <typename Low, typename High>
+constexpr WPARAM MAKEWPARAM(Low low, High high) noexcept {
+    return static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(low, high)));
+}
 
 // Marks what libkolmaplatform gives to the host and to the module; everything else in it is hidden.
 #define KOLMA_PLATFORM_API __attribute__((visibility("default")))
@@ -158,6 +227,13 @@ inline constexpr DWORD ERROR_REGISTRY_IO_FAILED = 1016;
 inline constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
 inline constexpr DWORD ERROR_NO_SUCH_USER = 1317;
 inline constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
+inline constexpr DWORD ERROR_INVALID_MENU_HANDLE = 1401;
+inline constexpr DWORD ERROR_INVALID_CURSOR_HANDLE = 1402;
+inline constexpr DWORD ERROR_CANNOT_FIND_WND_CLASS = 1407;
+inline constexpr DWORD ERROR_INVALID_INDEX = 1413;
+inline constexpr DWORD ERROR_CONTROL_ID_NOT_FOUND = 1421;
+// No display on which a window could open.
+inline constexpr DWORD ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION = 1459;
 inline constexpr DWORD ERROR_UNKNOWN_PRINTER_DRIVER = 1797;
 inline constexpr DWORD ERROR_INVALID_PRINTER_NAME = 1801;
 inline constexpr DWORD ERROR_PRINTER_ALREADY_EXISTS = 1802;

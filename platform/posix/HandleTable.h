@@ -10,7 +10,20 @@
 #include <utility>
 #include <vector>
 
-enum class HandleKind : ULONG_PTR { file = 1, token, heap, key, printer, module, icon };
+enum class HandleKind : ULONG_PTR {
+    file = 1,
+    token,
+    heap,
+    key,
+    printer,
+    module,
+    icon,
+    imageList,
+    gdiObject,
+    deviceContext,
+    window,
+    timer
+};
 
 template <typename Object, typename Handle = HANDLE>
 class HandleTable {
@@ -38,6 +51,12 @@ public:
         auto object = lookUp(handle);
         require(object != nullptr, ERROR_INVALID_HANDLE);
         return object;
+    }
+
+    // How many handles mean something.
+    std::size_t size() const {
+        std::lock_guard lock(mutex_);
+        return objects_.size();
     }
 
     // Takes the handle out. Null for what is no handle of this table.

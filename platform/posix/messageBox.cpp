@@ -1,5 +1,6 @@
 #include "platform/posix/messageBox.h"
 
+#include "platform/posix/WindowLayer.h"
 #include "platform/posix/service.h"
 #include "platform/posix/wideText.h"
 
@@ -105,6 +106,9 @@ int WINAPI MessageBoxW(HWND hWnd, LPCWSTR lpText, LPCWSTR lpCaption, UINT uType)
     return service(0, [&] {
         WindowHooks hooks = currentHooks();
         if (hooks.messageBox != nullptr) return hooks.messageBox(hooks.context, hWnd, lpText, lpCaption, uType);
+        // A box alone is no reason to open a display: a program that has shown no window is one of the console.
+        const WindowLayer* layer = loadedWindowLayer();
+        if (layer != nullptr) return layer->MessageBoxW(hWnd, lpText, lpCaption, uType);
         writeToStandardError(lpCaption, lpText);
         return unattendedAnswer(uType);
     });
@@ -114,15 +118,19 @@ int WINAPI GetWindowTextW(HWND hWnd, LPWSTR lpString, int nMaxCount) {
     return service(0, [&] {
         WindowHooks hooks = currentHooks();
         if (lpString != nullptr && nMaxCount > 0) *lpString = 0;
-        require(hooks.windowText != nullptr, ERROR_INVALID_WINDOW_HANDLE);
-        return hooks.windowText(hooks.context, hWnd, lpString, nMaxCount);
+        if (hooks.windowText != nullptr) return hooks.windowText(hooks.context, hWnd, lpString, nMaxCount);
+        const WindowLayer* layer = loadedWindowLayer();
+        require(layer != nullptr, ERROR_INVALID_WINDOW_HANDLE);
+        return layer->GetWindowTextW(hWnd, lpString, nMaxCount);
     });
 }
 
 int WINAPI GetWindowTextLengthW(HWND hWnd) {
     return service(0, [&] {
         WindowHooks hooks = currentHooks();
-        require(hooks.windowTextLength != nullptr, ERROR_INVALID_WINDOW_HANDLE);
-        return hooks.windowTextLength(hooks.context, hWnd);
+        if (hooks.windowTextLength != nullptr) return hooks.windowTextLength(hooks.context, hWnd);
+        const WindowLayer* layer = loadedWindowLayer();
+        require(layer != nullptr, ERROR_INVALID_WINDOW_HANDLE);
+        return layer->GetWindowTextLengthW(hWnd);
     });
 }

@@ -4,13 +4,15 @@
 
 #include "platform/types.h"
 
+#include <type_traits>
+
 // A failure, as the published error number.
 struct PlatformError {
     DWORD number;
 };
 
 // The error number of the exception that is being handled. REQUIRES: called inside a catch clause.
-DWORD errorOfCurrentException() noexcept;
+KOLMA_PLATFORM_API DWORD errorOfCurrentException() noexcept;
 
 // What body returns, or `failed` with the last error set.
 template <typename Result, typename Body>
@@ -23,10 +25,12 @@ Result service(Result failed, Body&& body) noexcept {
     }
 }
 
-// A service whose result is the error number itself.
+// A service whose result is the error number itself: what body throws, or returns where a failure is an everyday
+// answer.
 template <typename Body>
 DWORD errorNumberOf(Body&& body) noexcept {
     try {
+        if constexpr (std::is_same_v<std::invoke_result_t<Body>, DWORD>) return body();
         body();
         return ERROR_SUCCESS;
     } catch (...) {

@@ -1,0 +1,90 @@
+#include "platform/posix/WindowLayer.h"
+
+#include "platform/posix/service.h"
+
+#include <atomic>
+#include <dlfcn.h>
+#include <mutex>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+struct Loaded {
+    std::mutex mutex;
+    std::atomic<const WindowLayer*> layer = nullptr;
+    std::atomic<pid_t> thread = 0;
+};
+
+// Never destroyed: windows are still asked about while the process ends.
+Loaded& loaded() {
+    static auto* one = new Loaded;
+    return *one;
+}
+
+// The layer lies beside this library.
+WindowLayerEntry findEntry() {
+    Dl_info own{};
+    if (::dladdr(reinterpret_cast<void*>(&wantedWindowLayer), &own) == 0) return nullptr;
+    std::string path = own.dli_fname;
+    path.replace(path.rfind('/') + 1, std::string::npos, windowLayerLibrary);
+    void* library = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    return library == nullptr ? nullptr : reinterpret_cast<WindowLayerEntry>(::dlsym(library, windowLayerEntry));
+}
+
+// A display may come later, so the layer is asked again each time.
+const WindowLayer* load() {
+    std::lock_guard lock(loaded().mutex);
+    if (loaded().layer == nullptr) {
+        WindowLayerEntry entry = findEntry();
+        require(entry != nullptr, ERROR_MOD_NOT_FOUND);
+        loaded().thread = ::gettid();
+        loaded().layer = entry();
+    }
+    bool isHere = loaded().layer != nullptr && loaded().thread == ::gettid();
+    require(isHere, ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION);
+    return loaded().layer;
+}
+
+template <typename Result, typename Call, typename None>
+Result forwarded(const WindowLayer* layer, Call&& call, None&& none) noexcept {
+    if (layer == nullptr) return none();
+    try {
+        return call(*layer);
+    } catch (...) {
+        // A procedure of the program let something out: it ends here, since the layer's own frames lie between.
+        SetLastError(errorOfCurrentException());
+        return none();
+    }
+}
+
+} // namespace
+
+const WindowLayer* loadedWindowLayer() noexcept {
+    const WindowLayer* layer = loaded().layer;
+    if (layer != nullptr && loaded().thread == ::gettid()) return layer;
+    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return nullptr;
+}
+
+const WindowLayer* wantedWindowLayer() noexcept {
+    return service<const WindowLayer*>(nullptr, [] { return load(); });
+}
+
+#define FORWARD(layer, Result, name, parameters, arguments, none)                                                      \
+    Result WINAPI name parameters {                                                                                    \
+        return forwarded<Result>(                                                                                      \
+            layer(), [&](const WindowLayer& windows) { return windows.name arguments; },                               \
+            [] { return static_cast<Result>(none); });                                                                 \
+    }
+#define WINDOW_CALL(...) FORWARD(loadedWindowLayer, __VA_ARGS__)
+#define WINDOW_CREATOR(...) FORWARD(wantedWindowLayer, __VA_ARGS__)
+#define WINDOW_HOOKED(...)
+#include "platform/posix/windowCalls.def"
+#undef FORWARD
+
+// Asked after a file dialog that never opened: 0 would mean that the user cancelled it.
+DWORD WINAPI CommDlgExtendedError() {
+    const WindowLayer* layer = loadedWindowLayer();
+    return layer == nullptr ? CDERR_INITIALIZATION : layer->CommDlgExtendedError();
+}

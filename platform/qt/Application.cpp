@@ -1,0 +1,200 @@
+#include "platform/qt/Application.h"
+
+#include "platform/posix/unattended.h"
+#include "platform/qt/DialogStyle.h"
+#include "platform/qt/colourScheme.h"
+#include "platform/qt/keyboard.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QLibraryInfo>
+#include <QLoggingCategory>
+#include <QPluginLoader>
+#include <QThread>
+#include <QTranslator>
+
+#include <dlfcn.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace {
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::string() : value;
+}
+
+// Platforms that draw into memory and need no display.
+bool needsNoDisplay() {
+    std::string platform = environment("QT_QPA_PLATFORM");
+    std::string_view name = std::string_view(platform).substr(0, platform.find(':'));
+    constexpr std::string_view inMemory[] = {"offscreen", "minimal", "vnc"};
+    return std::ranges::find(inMemory, name) != std::end(inMemory);
+}
+
+bool connects(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof address.sun_path) return false;
+    path.copy(address.sun_path, path.size());
+    int connection = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (connection < 0) return false;
+    bool isThere = ::connect(connection, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+    ::close(connection);
+    return isThere;
+}
+
+bool hasWaylandDisplay() {
+    std::string display = environment("WAYLAND_DISPLAY");
+    if (display.empty()) return false;
+    return connects(display.front() == '/' ? display : environment("XDG_RUNTIME_DIR") + "/" + display);
+}
+
+// The connection is tried with the library that the toolkit uses: it knows every form of DISPLAY, and the cookies.
+bool hasXDisplay() {
+    if (environment("DISPLAY").empty()) return false;
+    using Connect = void* (*)(const char*, int*);
+    using Ask = int (*)(void*);
+    using Close = void (*)(void*);
+    void* library = ::dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) return false;
+    auto connect = reinterpret_cast<Connect>(::dlsym(library, "xcb_connect"));
+    auto hasError = reinterpret_cast<Ask>(::dlsym(library, "xcb_connection_has_error"));
+    auto disconnect = reinterpret_cast<Close>(::dlsym(library, "xcb_disconnect"));
+    if (connect == nullptr || hasError == nullptr || disconnect == nullptr) return false;
+    void* connection = connect(nullptr, nullptr);
+    bool isThere = hasError(connection) == 0;
+    disconnect(connection);
+    ::dlclose(library);
+    return isThere;
+}
+
+// The toolkit ends the process over a plug-in that is missing or lacks a library, too.
+bool hasPlugIn(const char* file) {
+    return QPluginLoader(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms/" + file).load();
+}
+
+bool canUseWayland() { return hasWaylandDisplay() && hasPlugIn("libqwayland-generic.so"); }
+bool canUseX() { return hasXDisplay() && hasPlugIn("libqxcb.so"); }
+
+// What the toolkit draws with: as QT_QPA_PLATFORM says, or the one kind of display there is. Null when nothing would
+// work, empty when the choice is the toolkit's.
+std::optional<std::string> usablePlatform() {
+    if (needsNoDisplay()) return std::string();
+    std::string chosen = environment("QT_QPA_PLATFORM");
+    bool mayUseWayland = chosen.empty() || chosen.find("wayland") != std::string::npos;
+    bool mayUseX = chosen.empty() || chosen.find("xcb") != std::string::npos;
+    bool wayland = mayUseWayland && canUseWayland();
+    bool x = mayUseX && canUseX();
+    if (wayland && x) return std::string();
+    if (wayland) return "wayland";
+    if (x) return "xcb";
+    return std::nullopt;
+}
+
+// For a program that does without a display. What the toolkit has to say of that is of no use to anybody.
+std::optional<std::string> memoryPlatform() {
+    if (!mayDoWithoutDisplay()) return std::nullopt;
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+    return "offscreen";
+}
+
+// Where the desktop names no font, one that reads well in small print.
+void chooseFont() {
+    constexpr int dialogPoints = 9;
+    QFont font = QApplication::font();
+    const QString generic[] = {"Sans Serif", "Sans", "sans-serif", "Helvetica"};
+    if (std::ranges::find(generic, font.family()) == std::end(generic)) return;
+    QStringList families = QFontDatabase::families();
+    for (const QString& family : {QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")}) {
+        if (!families.contains(family)) continue;
+        font.setFamily(family);
+        break;
+    }
+    font.setPointSize(dialogPoints);
+    QApplication::setFont(font);
+}
+
+// The texts of the buttons of message boxes and sheets, in the user's language.
+void loadTranslation() {
+    auto* translator = new QTranslator(QCoreApplication::instance());
+    bool isLoaded = translator->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                                     QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    if (isLoaded) QCoreApplication::installTranslator(translator);
+}
+
+// Keys are seen here before the part of a control that has the focus: a field inside a list box, a view in its frame.
+class KeyFilter : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        bool asksOnly = event->type() == QEvent::ShortcutOverride;
+        if (!asksOnly && event->type() != QEvent::KeyPress) return false;
+        auto* widget = qobject_cast<QWidget*>(watched);
+        if (widget == nullptr || QApplication::activePopupWidget() != nullptr) return false;
+        // A key that nobody wanted climbs up through the parents; it was asked about at its start.
+        QWidget* focused = focusedPart();
+        if (focused != nullptr && widget != focused) return false;
+        return takes(*widget, static_cast<QKeyEvent&>(*event), asksOnly);
+    }
+
+private:
+    static bool takes(const QWidget& widget, QKeyEvent& key, bool asksOnly) noexcept {
+        try {
+            Window* window = Window::holding(&widget);
+            if (window == nullptr || !dialogTakesKey(*window, key, asksOnly)) return false;
+            key.accept();
+            return true;
+        } catch (...) {
+            return true;
+        }
+    }
+};
+
+void adopt(QApplication& application) {
+    application.installEventFilter(new KeyFilter(&application));
+    QObject::connect(&application, &QApplication::focusChanged, &application,
+                     [](QWidget*, QWidget* now) { showDefaultButton(now); });
+}
+
+// Windows come and go under programs that run on: the last one closed does not end them.
+void startOwn(const std::string& platform) {
+    // The toolkit keeps these for good.
+    static std::string chosen = platform;
+    static char name[] = "kolma";
+    static char option[] = "-platform";
+    static char* arguments[] = {name, option, chosen.data(), nullptr};
+    static int argumentCount = 3;
+    if (platform.empty()) arguments[argumentCount = 1] = nullptr;
+    auto* application = new QApplication(argumentCount, arguments);
+    QApplication::setQuitOnLastWindowClosed(false);
+    chooseFont();
+    QApplication::setStyle(new DialogStyle);
+    applyColourScheme();
+    loadTranslation();
+    adopt(*application);
+}
+
+} // namespace
+
+bool startApplication() {
+    if (QCoreApplication::instance() == nullptr) {
+        std::optional<std::string> platform = usablePlatform();
+        if (!platform) platform = memoryPlatform();
+        if (platform) startOwn(*platform);
+        return platform.has_value();
+    }
+    auto* shared = qobject_cast<QApplication*>(QCoreApplication::instance());
+    if (shared == nullptr || QThread::currentThread() != shared->thread()) return false;
+    adopt(*shared);
+    return true;
+}
