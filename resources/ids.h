@@ -4,7 +4,9 @@
 // A number is for good: a translated module made for one version is looked up by the same numbers in the next.
 
 #include "resources/ids_capabilities.h"
+#include "resources/ids_dialogs.h"
 #include "resources/ids_features.h"
+#include "resources/ids_reserved.h"
 #include "resources/ids_values.h"
 
 // Captions of message boxes; the second one is also the title of the page in the document's sheet.
@@ -50,6 +52,7 @@
 
 // Choosing a printer capability file. The filter is raw data in the form of the system's file dialogs.
 #define IDS_CAPABILITY_FILE_EXTENSION 11002
+#define IDS_CAPABILITY_FILE_PATH_TOO_LONG 11564
 #define IDS_CAPABILITY_FILE_ACCEPTED 11565
 #define IDR_CAPABILITY_FILE_FILTER 11012
 

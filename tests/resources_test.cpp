@@ -1,5 +1,5 @@
-#include "platform/modules.h"
 #include "resources/ids.h"
+#include "tests/ResourceFile.h"
 
 #include <algorithm>
 #include <array>
@@ -16,39 +16,6 @@
 #include <vector>
 
 namespace {
-
-const std::filesystem::path sourceDir = std::filesystem::path(KOLMA_SOURCE_DIR) / "resources";
-const std::filesystem::path driverDir = std::filesystem::path(KOLMA_BUILD_DIR) / "lib/kolma/3";
-const std::filesystem::path madeAgainDir = std::filesystem::path(KOLMA_BUILD_DIR) / "resources/made-again";
-
-std::string readFile(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-struct NamedId {
-    std::string name;
-    int number;
-};
-
-// The ids of one header, by the prefix of their names.
-std::vector<NamedId> idsOf(const std::string& header, const std::string& prefix) {
-    static const std::regex definition("#define (ID[A-Z]_\\w+) (\\d+)");
-    const std::string text = readFile(sourceDir / header);
-    std::vector<NamedId> ids;
-    for (auto match = std::sregex_iterator(text.begin(), text.end(), definition); match != std::sregex_iterator();
-         ++match)
-        if (match->str(1).starts_with(prefix)) ids.push_back({match->str(1), std::stoi(match->str(2))});
-    return ids;
-}
-
-std::vector<NamedId> allIds(const std::string& prefix) {
-    std::vector<NamedId> ids;
-    for (const char* header : {"ids.h", "ids_features.h", "ids_values.h"})
-        for (const NamedId& id : idsOf(header, prefix))
-            ids.push_back(id);
-    return ids;
-}
 
 struct FeatureRow {
     const char* name;
@@ -80,47 +47,7 @@ std::vector<std::string> split(const std::string& list) {
     return {std::sregex_token_iterator(list.begin(), list.end(), separator, -1), {}};
 }
 
-std::string narrow(const std::u16string& text) { return std::filesystem::path(text).string(); }
-
-class Module {
-public:
-    explicit Module(const std::filesystem::path& path)
-        : handle(LoadLibraryExW(toWide(path.u16string().c_str()), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {}
-    ~Module() {
-        if (handle) FreeLibrary(handle);
-    }
-    Module(const Module&) = delete;
-    Module& operator=(const Module&) = delete;
-
-    bool isLoaded() const { return handle != nullptr; }
-
-    // Strings lie in blocks of 16.
-    bool hasBlockOf(int id) const {
-        return FindResourceW(handle, MAKEINTRESOURCEW(static_cast<ULONG_PTR>(id / 16 + 1)), RT_STRING) != nullptr;
-    }
-
-    std::u16string string(int id) const {
-        std::array<WCHAR, 4096> buffer{};
-        const int length = LoadStringW(handle, static_cast<UINT>(id), buffer.data(), static_cast<int>(buffer.size()));
-        return {buffer.begin(), buffer.begin() + length};
-    }
-
-    std::u16string rawText(int id) const {
-        HRSRC found = FindResourceW(handle, MAKEINTRESOURCEW(static_cast<ULONG_PTR>(id)), RT_RCDATA);
-        if (!found) return {};
-        const auto* bytes = static_cast<const char*>(LockResource(LoadResource(handle, found)));
-        std::u16string text;
-        for (DWORD i = 0; i + 1 < SizeofResource(handle, found); i += 2)
-            text += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
-                                          (static_cast<unsigned char>(bytes[i + 1]) << 8U));
-        return text;
-    }
-
-private:
-    HMODULE handle;
-};
-
-std::map<int, std::u16string> everyString(const Module& module) {
+std::map<int, std::u16string> everyString(const ResourceFile& module) {
     std::map<int, std::u16string> strings;
     for (int block = 0; block < 0x10000; block += 16)
         for (int id = block; id < block + 16 && module.hasBlockOf(block); ++id)
@@ -128,18 +55,9 @@ std::map<int, std::u16string> everyString(const Module& module) {
     return strings;
 }
 
-struct Language {
-    const char* name;
-    std::filesystem::path file;
-};
-
-void PrintTo(const Language& language, std::ostream* out) { *out << language.name; }
-
-const std::array languages = {Language{"en", "jtres37.dll"}, Language{"de", "de/jtres37.dll"}};
-
 class ResourceModule : public testing::TestWithParam<Language> {
 protected:
-    const Module module{driverDir / GetParam().file};
+    const ResourceFile module{driverDir / GetParam().file};
 
     void SetUp() override { ASSERT_TRUE(module.isLoaded()) << driverDir / GetParam().file; }
 };
@@ -197,7 +115,8 @@ TEST_P(ResourceModule, hasNoTwoValuesOfOneFeatureThatReadAlike) {
 }
 
 TEST_P(ResourceModule, hasLabelsWithoutAPeriodAndTextsWithoutStraySpaces) {
-    const std::set<int> joinedToOthers = {IDS_STOCK_PREFIX, IDS_STOCK_SUFFIX_USER, IDS_STOCK_SUFFIX_PRINTER};
+    const std::set<int> joinedToOthers = {IDS_STOCK_PREFIX,   IDS_STOCK_SUFFIX_USER, IDS_STOCK_SUFFIX_PRINTER,
+                                          IDS_TITLE_DEFAULTS, IDS_TITLE_LOAD_TICKET, IDS_TITLE_SAVE_TICKET};
     for (const NamedId& id : allIds("IDS_")) {
         const std::u16string text = module.string(id.number);
         const bool isLabel = id.name.starts_with("IDS_FEATURE_") || id.name.starts_with("IDS_VALUE_");
@@ -266,8 +185,8 @@ TEST_P(ResourceModule, comesOutTheSameByteForByte) {
 }
 
 TEST(ResourceModules, carryTheSameIdsInEveryLanguage) {
-    const Module english(driverDir / languages[0].file);
-    const Module german(driverDir / languages[1].file);
+    const ResourceFile english(driverDir / languages[0].file);
+    const ResourceFile german(driverDir / languages[1].file);
     const auto englishStrings = everyString(english);
     const auto germanStrings = everyString(german);
     for (const auto& [number, text] : englishStrings)
@@ -277,15 +196,15 @@ TEST(ResourceModules, carryTheSameIdsInEveryLanguage) {
 }
 
 TEST(ResourceModules, haveTheSameDirectivesInEveryLanguage) {
-    const Module english(driverDir / languages[0].file);
-    const Module german(driverDir / languages[1].file);
+    const ResourceFile english(driverDir / languages[0].file);
+    const ResourceFile german(driverDir / languages[1].file);
     for (const auto& [number, text] : everyString(english))
         EXPECT_EQ(directivesOf(text), directivesOf(german.string(number))) << number << ": " << narrow(text);
 }
 
 TEST(ResourceModules, areTranslated) {
-    const Module english(driverDir / languages[0].file);
-    const Module german(driverDir / languages[1].file);
+    const ResourceFile english(driverDir / languages[0].file);
+    const ResourceFile german(driverDir / languages[1].file);
     EXPECT_EQ(german.string(IDS_VALUE_WHITE), u"Weiß");
     EXPECT_EQ(german.string(IDS_FEATURE_FORCE_FRONT_SIDE), u"Kapitelanfang");
     for (const auto& [number, text] : everyString(english))
@@ -295,7 +214,7 @@ TEST(ResourceModules, areTranslated) {
 // Features may share a name that serves both; nothing else may stand under a number twice.
 TEST(ResourceIds, areGivenOnce) {
     std::map<std::pair<std::string, int>, std::string> seen;
-    for (const char* prefix : {"IDS_", "IDB_", "IDR_"})
+    for (const char* prefix : {"IDS_", "IDB_", "IDI_", "IDR_", "IDC_", "IDD_"})
         for (const NamedId& id : allIds(prefix)) {
             EXPECT_LT(id.number, 0x10000) << id.name;
             const auto [first, isNew] = seen.emplace(std::pair(prefix, id.number), id.name);

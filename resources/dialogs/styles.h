@@ -1,0 +1,41 @@
+/* The published styles that the templates use, for the resource compiler. */
+#ifndef KOLMA_RESOURCES_DIALOGS_STYLES_H
+#define KOLMA_RESOURCES_DIALOGS_STYLES_H
+
+#define IDOK 1
+#define IDCANCEL 2
+
+#define WS_POPUP 0x80000000
+#define WS_CHILD 0x40000000
+#define WS_BORDER 0x00800000
+#define WS_CAPTION 0x00C00000
+#define WS_VSCROLL 0x00200000
+#define WS_SYSMENU 0x00080000
+#define WS_GROUP 0x00020000
+#define WS_TABSTOP 0x00010000
+
+#define DS_MODALFRAME 0x80
+#define DS_CONTROL 0x0400
+#define DS_CENTER 0x0800
+
+#define SS_LEFT 0x0000
+#define SS_NOPREFIX 0x0080
+#define SS_ETCHEDHORZ 0x0010
+
+#define BS_OWNERDRAW 0x000B
+
+#define ES_MULTILINE 0x0004
+#define ES_AUTOVSCROLL 0x0040
+#define ES_AUTOHSCROLL 0x0080
+#define ES_READONLY 0x0800
+
+#define CBS_DROPDOWNLIST 0x0003
+
+#define LVS_SINGLESEL 0x0004
+#define LVS_SHOWSELALWAYS 0x0008
+
+#define UDS_ALIGNRIGHT 0x0004
+#define UDS_AUTOBUDDY 0x0010
+#define UDS_ARROWKEYS 0x0020
+
+#endif
