@@ -3,11 +3,15 @@
 #pragma once
 
 #include "platform/driver_host.h"
+#include "plugin_ui/DocumentSheetSession.h"
 #include "plugin_ui/IKolmaPlugIn.h"
+#include "plugin_ui/PageLock.h"
 #include "plugin_ui/moduleState.h"
 
+#include <memory>
+
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nobody but Release() may delete it
-class IKolmaUI final : public IPrintOemUI, public IKolmaPlugIn {
+class IKolmaUI final : public IPrintOemUI, public IKolmaPlugIn, public PageLock {
 public:
     // The four bytes KLMA.
     static constexpr DWORD signature = 0x4B4C4D41;
@@ -27,9 +31,10 @@ public:
     HRESULT STDMETHODCALLTYPE DevMode(DWORD dwMode, POEMDMPARAM param) override;
     // Keeps the host's services for the life of the object; a second call changes nothing.
     HRESULT STDMETHODCALLTYPE PublishDriverInterface(IUnknown* pIUnknown) override;
-    // S_OK also after a failure, which is shown to the user. E_FAIL with 87 on an unknown mode.
+    // S_OK also after a failure, which is shown to the user; the host then has no items of ours. E_FAIL with 87 on an
+    // unknown mode.
     HRESULT STDMETHODCALLTYPE CommonUIProp(DWORD dwMode, POEMCUIPPARAM param) override;
-    // 1, or -1 after a failure, which is shown to the user. E_FAIL with 87 on a bad info.
+    // 1, or -1 after a failure, which is shown to the user. E_FAIL with 87 on a bad info. One sheet at a time.
     HRESULT STDMETHODCALLTYPE DocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM lParam) override;
     // Adds no page. E_FAIL with 87 on a bad info.
     HRESULT STDMETHODCALLTYPE DevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM lParam) override;
@@ -49,15 +54,19 @@ public:
     HRESULT STDMETHODCALLTYPE FontInstallerDlgProc(HWND hWnd, UINT usMsg, WPARAM wParam, LPARAM lParam) override;
     HRESULT STDMETHODCALLTYPE UpdateExternalFonts(HANDLE hPrinter, HANDLE hHeap, PWSTR pwstrCartridges) override;
 
+    // The page of the session, when there is one.
+    void lockPage() override;
+    void unlockPage() override;
+
 private:
     ~IKolmaUI() override;
 
-    static HRESULT addDocumentItems();
-    HRESULT addPrinterItems(const OEMCUIPPARAM& param);
+    void tellItems(DWORD mode, OEMCUIPPARAM& param);
     HRESULT runDocumentSheet(PROPSHEETUI_INFO& info, LPARAM lParam);
-    void openDocumentSheet(const OEMUIPSPARAM* param);
+    void openSession(const OEMUIPSPARAM* param);
 
     LiveObject liveObject_;
     LONG volatile references_ = 1;
     IPrintOemDriverUI* hostServices_ = nullptr;
+    std::unique_ptr<DocumentSheetSession> session_;
 };

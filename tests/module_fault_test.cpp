@@ -5,7 +5,10 @@
 // in a process of its own, since much is found out once only.
 #include "jtcore/Services/KolmaException.h"
 #include "jtcore/Services/UserPreferences.h"
+#include "platform/common_dialogs.h"
+#include "platform/controls.h"
 #include "platform/files.h"
+#include "platform/gdi.h"
 #include "platform/heap.h"
 #include "platform/identity.h"
 #include "platform/modules.h"
@@ -13,7 +16,9 @@
 #include "platform/spooler.h"
 #include "platform/windows.h"
 #include "tests/ElfSymbols.h"
+#include "tests/FakeWindows.h"
 #include "tests/ModuleUnderTest.h"
+#include "tests/fakeWindowCalls.h"
 #include "tests/replacedNew.h"
 
 #include <fcntl.h>
@@ -87,13 +92,14 @@ void maybeThrow(const char* service) {
     ROW(DWORD, GetFileAttributesW, (LPCWSTR a), (a))                                                                   \
     ROW(DWORD, GetFileSize, (HANDLE a, LPDWORD b), (a, b))                                                             \
     ROW(DWORD, GetLastError, (), ())                                                                                   \
+    ROW(BOOL, GetVersionExW, (LPOSVERSIONINFOW a), (a))                                                                \
+    ROW(LPVOID, HeapAlloc, (HANDLE a, DWORD b, SIZE_T c), (a, b, c))                                                   \
     ROW(int, GetLocaleInfoW, (LCID a, LCTYPE b, LPWSTR c, int d), (a, b, c, d))                                        \
     ROW(DWORD, GetPrinterDataW, (HANDLE a, LPWSTR b, LPDWORD c, LPBYTE d, DWORD e, LPDWORD f), (a, b, c, d, e, f))     \
     ROW(BOOL, GetPrinterDriverDirectoryW, (LPWSTR a, LPWSTR b, DWORD c, LPBYTE d, DWORD e, LPDWORD f),                 \
         (a, b, c, d, e, f))                                                                                            \
     ROW(BOOL, GetPrinterDriverW, (HANDLE a, LPWSTR b, DWORD c, LPBYTE d, DWORD e, LPDWORD f), (a, b, c, d, e, f))      \
     ROW(FARPROC, GetProcAddress, (HMODULE a, LPCSTR b), (a, b))                                                        \
-    ROW(int, GetWindowTextW, (HWND a, LPWSTR b, int c), (a, b, c))                                                     \
     ROW(UINT, GetWindowsDirectoryW, (LPWSTR a, UINT b), (a, b))                                                        \
     ROW(HICON, LoadIconW, (HINSTANCE a, LPCWSTR b), (a, b))                                                            \
     ROW(HMODULE, LoadLibraryExW, (LPCWSTR a, HANDLE b, DWORD c), (a, b, c))                                            \
@@ -101,8 +107,8 @@ void maybeThrow(const char* service) {
     ROW(HGLOBAL, LoadResource, (HMODULE a, HRSRC b), (a, b))                                                           \
     ROW(int, LoadStringW, (HINSTANCE a, UINT b, LPWSTR c, int d), (a, b, c, d))                                        \
     ROW(LPVOID, LockResource, (HGLOBAL a), (a))                                                                        \
-    ROW(int, MessageBoxW, (HWND a, LPCWSTR b, LPCWSTR c, UINT d), (a, b, c, d))                                        \
     ROW(BOOL, MoveFileExW, (LPCWSTR a, LPCWSTR b, DWORD c), (a, b, c))                                                 \
+    ROW(int, MulDiv, (int a, int b, int c), (a, b, c))                                                                 \
     ROW(BOOL, OpenProcessToken, (HANDLE a, DWORD b, PHANDLE c), (a, b, c))                                             \
     ROW(BOOL, ReadFile, (HANDLE a, LPVOID b, DWORD c, LPDWORD d, LPOVERLAPPED e), (a, b, c, d, e))                     \
     ROW(LSTATUS, RegCloseKey, (HKEY a), (a))                                                                           \
@@ -127,11 +133,27 @@ void maybeThrow(const char* service) {
     }
 SERVICES(SERVICE)
 
+// No window layer is wanted here: what is not played is answered as where there is none.
+#define WINDOW_SERVICE(Result, Name, Parameters, Arguments, none)                                                      \
+    Result Name Parameters {                                                                                           \
+        if (isOfModule(__builtin_return_address(0))) maybeThrow(#Name);                                                \
+        static auto* played = reinterpret_cast<Result(*) Parameters>(fakes::find(#Name));                              \
+        return played ? played Arguments : static_cast<Result>(none);                                                  \
+    }
+#define WINDOW_CALL(...) WINDOW_SERVICE(__VA_ARGS__)
+#define WINDOW_HOOKED(Result, Name, Parameters, Arguments, none) SERVICE(Result, Name, Parameters, Arguments)
+#include "platform/posix/windowCalls.def"
+
 namespace {
 
 constexpr const char* allServices[] = {
 #define SERVICE_NAME(Result, Name, Parameters, Arguments) #Name,
     SERVICES(SERVICE_NAME)};
+
+constexpr const char* windowServices[] = {
+#define WINDOW_CALL(Result, Name, Parameters, Arguments, none) #Name,
+#include "platform/posix/windowCalls.def"
+};
 
 const OwnStores stores;
 
@@ -206,21 +228,73 @@ private:
         fault = before;
     }
 
-    void sheets(IPrintOemUI& object) {
+    // The items in the host's sheets: counted, filled, and applied.
+    void items(IPrintOemUI& object, DWORD mode) {
+        const HANDLE heap = HeapCreate(0, 0, 0);
+        OPTITEM filled[2]{};
+        OEMCUIPPARAM param{};
+        param.hPrinter = printer_;
+        param.hOEMHeap = heap;
+        param.pOEMDM = areas_.document.data();
+        object.CommonUIProp(mode, &param);
+        param.pOEMOptItems = filled;
+        object.CommonUIProp(mode, &param);
+        if (param.cOEMOptItems != 0 && param.OEMCUIPCallback)
+            for (const WORD reason : {CPSUICB_REASON_SEL_CHANGED, CPSUICB_REASON_APPLYNOW, CPSUICB_REASON_KILLACTIVE}) {
+                CPSUICBPARAM callback{};
+                callback.Reason = reason;
+                callback.pCurItem = filled;
+                filled[0].Sel = 1;
+                param.OEMCUIPCallback(&callback, &param);
+            }
+        HeapDestroy(heap);
+    }
+
+    static LONG_PTR CALLBACK addPage(HANDLE sheet, UINT function, LPARAM first, LPARAM) {
+        if (function == CPSFUNC_ADD_PROPSHEETPAGEW)
+            *static_cast<PROPSHEETPAGEW*>(sheet) = *reinterpret_cast<const PROPSHEETPAGEW*>(first);
+        return 1;
+    }
+
+    // The document's sheet: its page opened in a window, used, applied and accepted.
+    void sheet(IPrintOemUI& object) {
+        FakeWindows windows;
+        PROPSHEETPAGEW page{};
+        OEMUIPSPARAM param{};
+        param.hPrinter = printer_;
+        param.pOEMDM = areas_.document.data();
+        param.dwFlags = DM_UPDATE;
         PROPSHEETUI_INFO info{};
         info.Version = PROPSHEETUI_INFO_VERSION;
-        OEMUIPSPARAM sheet{};
-        sheet.hPrinter = printer_;
-        OEMCUIPPARAM items{};
-        items.hPrinter = printer_;
-        step("CommonUIProp, document");
-        object.CommonUIProp(OEMCUIP_DOCPROP, &items);
-        step("CommonUIProp, printer");
-        object.CommonUIProp(OEMCUIP_PRNPROP, &items);
-        step("DocumentPropertySheets");
-        object.DocumentPropertySheets(&info, reinterpret_cast<LPARAM>(&sheet));
+        info.hComPropSheet = &page;
+        info.pfnComPropSheet = addPage;
+        info.lParamInit = reinterpret_cast<LPARAM>(&param);
+        object.DocumentPropertySheets(&info, reinterpret_cast<LPARAM>(&param));
+        if (page.pfnDlgProc) {
+            const HWND window = windows.openPage(page);
+            windows.send(window, WM_COMMAND, 1, 0);
+            windows.notify(window, PSN_APPLY);
+            windows.close(window);
+        }
+        SETRESULT_INFO result{sizeof result, 0, nullptr, CPSUI_OK};
+        info.Reason = PROPSHEETUI_REASON_SET_RESULT;
+        object.DocumentPropertySheets(&info, reinterpret_cast<LPARAM>(&result));
+        info.Reason = PROPSHEETUI_REASON_DESTROY;
+        object.DocumentPropertySheets(&info, 0);
         object.DocumentPropertySheets(nullptr, 0);
         object.DevicePropertySheets(nullptr, 0);
+        const Fault before = std::exchange(fault, Fault());
+        if (copiesOf(areas_.document) != 3) faults_ += " the document lost its settings";
+        fault = before;
+    }
+
+    void sheets(IPrintOemUI& object) {
+        step("CommonUIProp, document");
+        items(object, OEMCUIP_DOCPROP);
+        step("CommonUIProp, printer");
+        items(object, OEMCUIP_PRNPROP);
+        step("DocumentPropertySheets");
+        sheet(object);
     }
 
     void step(const char* what) const {
@@ -233,6 +307,7 @@ private:
         Area other = areaWithCopies(8);
         Area corrupt = corruptArea();
         Area absent = absentArea();
+        Area document = areaWithCopies(3);
     };
 
     const ModuleUnderTest& module_;
@@ -309,7 +384,8 @@ private:
 } // namespace
 
 TEST_F(ModuleFaults, theDoublesCoverEveryServiceThatTheModuleCalls) {
-    const std::set<std::string> ours(std::begin(allServices), std::end(allServices));
+    std::set<std::string> ours(std::begin(allServices), std::end(allServices));
+    ours.insert(std::begin(windowServices), std::end(windowServices));
     const ElfSymbols platform(KOLMA_BUILD_DIR "/lib/kolma/3/libkolmaplatform.so");
     const ElfSymbols module(ModuleUnderTest::path());
     for (const std::string& imported : module.imported()) {
@@ -340,6 +416,22 @@ TEST_F(ModuleFaults, nothingEscapesWhicheverCallOfAServiceThrows) {
         }
 }
 
+// Of the window calls those that the module makes, each failing from its first call on and at a later one.
+TEST_F(ModuleFaults, nothingEscapesWhateverAWindowCallThrows) {
+    const auto imported = ElfSymbols(ModuleUnderTest::path()).imported();
+    for (const char* service : windowServices) {
+        if (!imported.contains(service)) continue;
+        for (const int call : {1, 4}) {
+            Fault armed;
+            armed.service = service;
+            armed.kind = call == 1 ? Thrown::number : Thrown::runtimeError;
+            armed.firstCall = call;
+            armed.onlyOnce = call != 1;
+            EXPECT_EQ(talkWith(armed), "") << "call " << call << " of " << service << " throws";
+        }
+    }
+}
+
 TEST_F(ModuleFaults, nothingEscapesWhateverTheHostsOwnObjectsThrow) {
     for (const char* operation : {"host QueryInterface", "host Release"})
         for (const Thrown kind : allKinds) {
@@ -353,27 +445,32 @@ TEST_F(ModuleFaults, nothingEscapesWhateverTheHostsOwnObjectsThrow) {
 // Each operation with its first allocation failing, then its second, and so on until it needs no more; once with that
 // one alone, once with all that follow.
 TEST_F(ModuleFaults, everyAllocationOfAnOperationMayFail) {
+    // The areas are new to the process each time: one that it knows is not read again.
     struct Operation {
         const char* what;
         DWORD mode;
-        Area in;
-        Area out;
+        Area (*in)(std::int32_t copies);
+        Area (*out)(std::int32_t copies);
     };
+    const auto good = [](std::int32_t copies) { return areaWithCopies(copies); };
+    const auto other = [](std::int32_t copies) { return areaWithCopies(copies + 500'000); };
+    const auto corrupt = [](std::int32_t) { return corruptArea(); };
+    const auto absent = [](std::int32_t) { return absentArea(); };
+    std::int32_t copies = 0;
     const TestPrinter printer(u"Kolma Tarsel 77 PS3 C3", u"Press 2");
     const ModuleUnderTest module;
     const PlugInObject object(module);
     for (const Operation& operation :
-         {Operation{"convert", OEMDM_CONVERT, areaWithCopies(3), absentArea()},
-          Operation{"convert of corrupt", OEMDM_CONVERT, corruptArea(), areaWithCopies(8)},
-          Operation{"convert into corrupt", OEMDM_CONVERT, areaWithCopies(3), corruptArea()},
-          Operation{"merge", OEMDM_MERGE, areaWithCopies(3), areaWithCopies(8)},
-          Operation{"default", OEMDM_DEFAULT, {}, absentArea()}})
+         {Operation{"convert", OEMDM_CONVERT, good, absent},
+          Operation{"convert of corrupt", OEMDM_CONVERT, corrupt, other},
+          Operation{"convert into corrupt", OEMDM_CONVERT, good, corrupt}, Operation{"merge", OEMDM_MERGE, good, other},
+          Operation{"default", OEMDM_DEFAULT, absent, absent}})
         for (const bool onlyOne : {true, false}) {
             bool hasFailed = true;
             long point = 0;
             for (; hasFailed; ++point) {
-                Area in = operation.in;
-                Area out = operation.out;
+                Area in = operation.in(++copies);
+                Area out = operation.out(copies);
                 OEMDMPARAM param{};
                 param.hPrinter = printer.handle;
                 param.pOEMDMIn = in.data();
