@@ -6,6 +6,7 @@
 #include "host/driverCommands.h"
 #include "host/output.h"
 #include "host/printerCommands.h"
+#include "host/propertiesCommand.h"
 #include "host/stockCommands.h"
 #include "host/ticketCommands.h"
 #include "jtcore/Services/text.h"
@@ -24,6 +25,7 @@ CommandLine::CommandLine() {
     addTicketCommands();
     addCapabilityCommands();
     addStockCommands();
+    addPropertiesCommand();
 }
 
 int CommandLine::run(int argc, const char* const* argv) {
@@ -153,4 +155,33 @@ void CommandLine::addStockCommands() {
                                 [this] { return listStocks(fromUtf8(name_), json_); });
     list->add_option("PRINTER", name_, "The printer's name")->required()->type_name("");
     addJson(list);
+}
+
+void CommandLine::addPropertiesCommand() {
+    CLI::App* command =
+        addCommand(app_, "properties", "Open the sheet of a document or, with --device, of the printer", [this] {
+            PropertiesRequest request;
+            request.printer = fromUtf8(name_);
+            request.area = fromUtf8(input_);
+            request.script = fromUtf8(script_);
+            request.pictureFolder = fromUtf8(pictures_);
+            request.isDevice = device_;
+            request.isReadOnly = readOnly_;
+            request.isFresh = fresh_;
+            return openProperties(request);
+        });
+    command->add_option("PRINTER", name_, "The printer's name; \"demo\" is added when there is none of that name")
+        ->required()
+        ->type_name("");
+    CLI::Option* area = command->add_option("--devmode", input_, "The area to begin with and to write on OK and Apply");
+    area->type_name("FILE");
+    CLI::Option* device = command->add_flag("--device", device_, "The sheet of the printer in place of a document's");
+    CLI::Option* fresh = command->add_flag("--fresh", fresh_, "Begin with the printer's default settings");
+    CLI::Option* readOnly =
+        command->add_flag("--read-only", readOnly_, "Open the sheet as for a user who may not change anything");
+    for (CLI::Option* ofDocument : {area, fresh, readOnly})
+        ofDocument->excludes(device);
+    CLI::Option* script = command->add_option("--play", script_, "Play a script on the sheet; no display is needed");
+    script->type_name("SCRIPT");
+    command->add_option("--shots", pictures_, "Where the script's pictures go")->type_name("DIR")->needs(script);
 }

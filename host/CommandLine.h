@@ -29,6 +29,7 @@ private:
     void addTicketCommands();
     void addCapabilityCommands();
     void addStockCommands();
+    void addPropertiesCommand();
 
     CLI::App app_{"Driver interface host of the Kolma printer driver", "kolma"};
     Command chosen_;
@@ -39,7 +40,12 @@ private:
     std::string input_;
     std::vector<std::string> inputs_;
     std::string output_;
+    std::string script_;
+    std::string pictures_;
     bool agrees_ = false;
+    bool device_ = false;
+    bool readOnly_ = false;
+    bool fresh_ = false;
     bool json_ = false;
     bool verbose_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include "host/commandFailure.h"
 #include "host/moduleEntry.h"
+#include "host/sheets/HostServices.h"
 #include "jtcore/Services/getDriverFilePath.h"
 
 namespace {
@@ -62,6 +63,7 @@ void PlugIn::checkObject() {
     if (getInfo(*object_, OEMGI_GETSIGNATURE) != ourSignature || getInfo(*object_, OEMGI_GETVERSION) < oldestVersion ||
         object_->DevMode(OEMDM_SIZE, &size) != S_OK || size.cbBufSize != sizeof(KolmaDmType))
         raise<InWords<UnknownCaseException>>(u"The driver module is not one that this program knows.");
+    object_->PublishDriverInterface(&HostServices::instance());
 }
 
 void PlugIn::runDevMode(DWORD mode, HANDLE printer, const KolmaDmType* in, KolmaDmType& out) {

@@ -1,5 +1,5 @@
 // The plug-in module, loaded and called as the printer driver interface does it: class factory, one object, its
-// signature, its operations.
+// signature, its operations, the host's services for it.
 #pragma once
 
 #include "jtcore/AnlXlate/PersistentLayout.h"
@@ -16,6 +16,9 @@ public:
     // OEMDM_DEFAULT, OEMDM_CONVERT or OEMDM_MERGE; the incoming area is null for the first. One object serves one
     // printer handle. Raises UnknownCaseException when the module refuses.
     void runDevMode(DWORD mode, HANDLE printer, const KolmaDmType* in, KolmaDmType& out);
+
+    // Knows the host's services. It lives as long as this.
+    IPrintOemUI& object() noexcept { return *object_; }
 
 private:
     void createObject();

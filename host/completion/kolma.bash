@@ -25,14 +25,15 @@ _kolma() {
   done
 
   case $previous in
-    -o | --output | --abil) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -f -- "$cur"); return ;;
+    --shots) compopt -o dirnames; mapfile -t COMPREPLY < <(compgen -d -- "$cur"); return ;;
+    -o | --output | --abil | --devmode | --play) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -f -- "$cur"); return ;;
     --printer) _kolma_offer_lines < <(_kolma_printers); return ;;
     --driver) _kolma_offer_lines < <(_kolma_drivers); return ;;
   esac
 
   local options="--help --verbose" offered=""
   case "${words[*]:0:2}" in
-    "") offered="drivers printer devmode ticket capabilities stocks" options="--help --version --verbose" ;;
+    "") offered="drivers printer devmode ticket capabilities stocks properties" options="--help --version --verbose" ;;
     printer) offered="add list remove" ;;
     devmode) offered="default convert merge show from-ticket to-ticket" ;;
     ticket) offered="show check fix" ;;
@@ -51,6 +52,9 @@ _kolma() {
     "stocks list")
       options+=" --json"
       ((${#words[@]} == 2)) && [[ $cur != -* ]] && _kolma_offer_lines < <(_kolma_printers) ;;
+    properties*)
+      options+=" --devmode --device --fresh --read-only --play --shots"
+      ((${#words[@]} == 1)) && [[ $cur != -* ]] && _kolma_offer_lines < <(_kolma_printers; echo demo) ;;
     "devmode default" | "devmode convert" | "devmode merge")
       options+=" --output"
       if ((${#words[@]} == 2)) && [[ $cur != -* ]]; then

@@ -4,6 +4,22 @@
 #include "host/outputFile.h"
 #include "jtcore/AnlXlate/JtifTranslator.h"
 
+#include <utility>
+
+namespace {
+
+// A ticket keeps its attributes in groups, so those of the job may come back in another order.
+bool holdSame(const AttrNodeList& list, AttrNodeList other) {
+    for (const AttrNode& node : list) {
+        const AttrNode* match = other.getMatchingNode(node);
+        if (!match) return false;
+        other.deleteNodeObject(match);
+    }
+    return other.isEmpty();
+}
+
+} // namespace
+
 AttrNodeList readTicket(const std::u16string& file) {
     AttrNodeList list;
     JtifTranslator().fileToAnl(file, list);
@@ -15,7 +31,7 @@ void writeTicket(const std::u16string& file, const AttrNodeList& list) {
     JtifTranslator().anlToBuffer(list, ticket);
     AttrNodeList again;
     JtifTranslator().bufferToAnl(ticket, again);
-    if (!again.equals(list))
+    if (!holdSame(list, std::move(again)))
         raise<InWords<MissingOrBadPersistentSettingsFormatException>>(
             u"The ticket would not hold the same settings. Nothing was written.");
     writeOutputFile(file, ticket);
