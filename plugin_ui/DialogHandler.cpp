@@ -22,6 +22,9 @@ DialogHandler* handlerOf(HWND window) {
     return reinterpret_cast<DialogHandler*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
+// Their answer is the procedure's own: a brush.
+bool asksForColours(UINT id) noexcept { return id >= WM_CTLCOLORMSGBOX && id <= WM_CTLCOLORSTATIC; }
+
 bool isValidation(UINT id) noexcept { return id == UIM_VALIDATE_ENTRY || id == UIM_VALIDATE_SAVE; }
 
 } // namespace
@@ -57,7 +60,7 @@ INT_PTR CALLBACK DialogHandler::windowProc(HWND window, UINT message, WPARAM wPa
         if (message == WM_INITDIALOG)
             if (DialogHandler* given = givenHandler(lParam)) given->attach(window);
         DialogHandler* handler = handlerOf(window);
-        return handler ? INT_PTR{handler->handle({window, message, wParam, lParam})} : notHandled;
+        return handler ? handler->handle({window, message, wParam, lParam}) : notHandled;
     });
 }
 
@@ -66,7 +69,7 @@ void DialogHandler::attach(HWND window) {
     openWindow_ = window;
 }
 
-bool DialogHandler::handle(const UIMessage& message) {
+INT_PTR DialogHandler::handle(const UIMessage& message) {
     LRESULT result = 0;
     bool isHandled = false;
     const bool isDone = runAtSheetSite({message.window, titleId_, u"DialogHandler::windowProc()"}, false, [&] {
@@ -79,7 +82,7 @@ bool DialogHandler::handle(const UIMessage& message) {
     // What one of them could not judge is not valid, whatever the ones before it said.
     if (!isDone && isValidation(message.id)) result = entriesInvalid;
     SetWindowLongPtrW(message.window, DWLP_MSGRESULT, result);
-    return isHandled;
+    return isHandled && asksForColours(message.id) ? result : INT_PTR{isHandled};
 }
 
 void DialogHandler::initDialog(UIMessage message, LRESULT& result, bool& isHandled) {

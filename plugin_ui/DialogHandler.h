@@ -36,7 +36,8 @@ protected:
 
 private:
     void attach(HWND window);
-    bool handle(const UIMessage& message);
+    // What the dialog procedure returns.
+    INT_PTR handle(const UIMessage& message);
     void initDialog(UIMessage message, LRESULT& result, bool& isHandled);
 
     FeatureSettings* targetSettings_ = nullptr;

@@ -213,6 +213,15 @@ TEST_F(Kolma, aTicketComesBackFromItsAreaByteForByte) {
     }
 }
 
+// A ticket keeps its attributes in groups, so they come back in another order: that is no loss.
+TEST_F(Kolma, thePrintersDefaultsBecomeATicket) {
+    run({"printer", "add", "P", "--driver", driver});
+    EXPECT_EQ(run({"devmode", "default", "P", "-o", "IN/area"}).exitCode, 0);
+    const ProcessResult back = run({"devmode", "to-ticket", "IN/area", "-o", "IN/back.jtif"});
+    EXPECT_EQ(back.exitCode, 0) << back.error;
+    EXPECT_THAT(folder.content("back.jtif"), testing::HasSubstr("<job-name"));
+}
+
 TEST_F(Kolma, settingsThatDoNotFitAreRefusedAndTheOldAreaStays) {
     writeArea("area", areaWithCopies(3));
     const ProcessResult result =
