@@ -39,8 +39,6 @@ DropDownBox::DropDownBox(QWidget* parent) : QComboBox(parent) {
     setPlaceholderText(QStringLiteral(" "));
     setInsertPolicy(QComboBox::NoInsert);
     setMaxVisibleItems(20);
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(1);
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QComboBox::activated, this, [this] {
         bool isFromList = std::exchange(takes_, false);

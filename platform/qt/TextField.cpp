@@ -36,7 +36,7 @@ public:
     QString content() const override { return withOuterEnds(toPlainText()); }
     void setContent(const QString& text) override {
         QSignalBlocker quiet(this);
-        setPlainText(withInnerEnds(text));
+        document()->setPlainText(withInnerEnds(text)); // the field's own would lay the text out to show its cursor
         document()->setModified(false);
         seen_ = document()->revision();
     }

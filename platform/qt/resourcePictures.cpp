@@ -3,6 +3,7 @@
 #include "platform/posix/icons.h"
 
 #include <QBuffer>
+#include <QCache>
 #include <QImageReader>
 #include <QPixmap>
 #include <QXmlStreamReader>
@@ -165,10 +166,34 @@ bool isPlainDrawing(const QByteArray& svg) {
     return !reader.hasError() && elements > 0;
 }
 
+namespace {
+
+constexpr qsizetype mostIconBytes = 1 << 20;
+
+// The icons of a sheet are the same at each opening, and to decode them takes a quarter of it. They are known by their
+// bytes, since the module that they lie in comes and goes. Never destroyed: the toolkit may be gone before.
+QCache<QByteArray, QIcon>& decodedIcons() {
+    static auto* icons = new QCache<QByteArray, QIcon>(mostIconBytes);
+    return *icons;
+}
+
+QByteArray contentOf(const std::vector<IconImage>& images) {
+    QByteArray content;
+    for (const IconImage& image : images)
+        content.append(reinterpret_cast<const char*>(image.bytes.data()), static_cast<qsizetype>(image.bytes.size()));
+    return content;
+}
+
+} // namespace
+
 QIcon iconOf(HICON icon) {
+    const std::vector<IconImage> images = iconImages(icon);
+    const QByteArray content = contentOf(images);
+    if (const QIcon* known = decodedIcons().object(content)) return *known;
     QIcon pictures;
-    for (const IconImage& image : iconImages(icon))
+    for (const IconImage& image : images)
         if (QImage picture = pictureOfIconImage(image.bytes, {image.width, image.height}); !picture.isNull())
             pictures.addPixmap(QPixmap::fromImage(std::move(picture)));
+    decodedIcons().insert(content, new QIcon(pictures), content.size());
     return pictures;
 }

@@ -14,7 +14,7 @@ namespace {
 struct TimerKey {
     HWND window;
     UINT_PTR id;
-    auto operator<=>(const TimerKey&) const = default;
+    auto operator<=>(const TimerKey&) const = default; // NOLINT(modernize-use-nullptr): misread by the check
 };
 
 // A timer that is killed while it fires goes when it has returned.

@@ -70,6 +70,7 @@ void fillGround(HDC context, const SIZE& size) {
 } // namespace
 
 void paintBitmap(HWND item, std::uint16_t bitmapId) {
+    if (!IsWindowVisible(item)) return; // it is painted when it is shown
     const WindowContext context(item);
     if (context.get()) paintBitmap(context.get(), item, bitmapId);
 }
