@@ -1,6 +1,7 @@
 // Dialogs of the window layer: what is told to their procedures, in which order, and what keys and modal runs do.
 #include "platform/controls.h"
 #include "platform/windows.h"
+#include "tests/LeaksUnseen.h"
 #include "tests/memoryDialog.h"
 
 #include <QApplication>
@@ -569,6 +570,7 @@ TEST_F(Dialogs, timersTellTheWindowUntilTheyAreKilledOrItGoes) {
 }
 
 TEST_F(Dialogs, whatAProcedureThrowsEndsAtTheLayer) {
+    const LeaksUnseen ofTheToolkit; // what it holds when something flies through it
     onMessage = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_APP || message == WM_COMMAND) throw std::runtime_error("out");
         return FALSE;

@@ -20,8 +20,8 @@ constexpr CatchSite appliedSite{nullptr, IDS_CAPTION_DRIVER, u"PrinterSheet::tak
 PrinterSheet::PrinterSheet(IPrintOemUI& plugIn, Kind kind, SheetSubject& subject)
     : plugIn_(plugIn),
       kind_(kind),
+      title_((kind == Kind::document ? u"Document properties - " : u"Printer properties - ") + subject.printerName),
       items_(plugIn, kind == Kind::document ? OEMCUIP_DOCPROP : OEMCUIP_PRNPROP, subject) {
-    title_ = (kind == Kind::document ? u"Document properties - " : u"Printer properties - ") + subject.printerName;
     OEMUIPSPARAM& param = plugInParam_.published;
     param.cbSize = sizeof param;
     param.hPrinter = subject.printer;

@@ -68,6 +68,7 @@ const WindowLayer* loadedWindowLayer() noexcept {
 }
 
 const WindowLayer* wantedWindowLayer() noexcept {
+    // cppcheck-suppress throwInNoexceptFunction ; a service catches
     return service<const WindowLayer*>(nullptr, [] { return load(); });
 }
 

@@ -35,7 +35,7 @@ ListView::ListView(std::unique_ptr<ListViewSurface> surface, const WindowTraits&
         note.iSubItem = column;
         notify(note.hdr, LVN_COLUMNCLICK);
     });
-    styleChanged(0, 0);
+    ListView::styleChanged(0, 0);
 }
 
 void ListView::styleChanged(DWORD before, DWORD extendedBefore) {

@@ -186,9 +186,9 @@ void Window::setExtendedStyle(DWORD extendedStyle) {
 }
 
 Window& Window::keep(std::unique_ptr<Window> window) {
-    Window& kept = *window;
-    table().keep(kept.handle(), std::move(window));
-    return kept;
+    Window* kept = window.get();
+    table().keep(kept->handle(), std::move(window));
+    return *kept;
 }
 
 void Window::destroy() {

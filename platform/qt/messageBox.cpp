@@ -204,7 +204,7 @@ void MessageBox::addButtons(int width, int top) {
         if (isDefault) made.widget()->setFocus();
         area.translate(area.width() + gap, 0);
     }
-    answerByDefault(DM_SETDEFID, defaultButton(type_), 0);
+    MessageBox::answerByDefault(DM_SETDEFID, defaultButton(type_), 0);
 }
 
 LRESULT MessageBox::answerByDefault(UINT message, WPARAM wParam, LPARAM lParam) {
