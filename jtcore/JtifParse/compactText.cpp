@@ -251,7 +251,9 @@ private:
     }
 
     bool writeText(std::u16string_view text) {
-        const auto plain = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
+        std::size_t plain = 0;
+        while (plain < text.size() && isPlain(text[plain]))
+            ++plain;
         writeAscii(text.substr(0, plain));
         text.remove_prefix(plain);
         if (findUnwritableCharacter(text) != text.npos) return false;

@@ -186,9 +186,9 @@ void Window::setExtendedStyle(DWORD extendedStyle) {
 }
 
 Window& Window::keep(std::unique_ptr<Window> window) {
-    Window* kept = window.get();
-    table().keep(kept->handle(), std::move(window));
-    return *kept;
+    HWND handle = window->handle();
+    table().keep(handle, std::move(window));
+    return *of(handle);
 }
 
 void Window::destroy() {
