@@ -2,17 +2,10 @@
 
 #include "jtcore/Services/ResourceLibrary.h"
 #include "platform/controls.h"
-#include "platform/gdi.h"
 #include "platform/windows.h"
+#include "plugin_ui/Controls/WindowContext.h"
 
 namespace {
-
-int pixelsPerInch(HWND window) {
-    const HDC context = GetDC(window);
-    const int pixels = GetDeviceCaps(context, LOGPIXELSY);
-    ReleaseDC(window, context);
-    return pixels;
-}
 
 HIMAGELIST makeImageList(int width, int height) {
     return ImageList_Create(GetSystemMetrics(width), GetSystemMetrics(height), ILC_MASK | ILC_COLOR32, 1, 1);
@@ -59,7 +52,7 @@ void NavigationList::addIcon(WPARAM imageList, HICON icon) const {
 
 void NavigationList::setSpacing() {
     const auto horizontal = LOWORD(send(LVM_GETITEMSPACING));
-    send(LVM_SETICONSPACING, 0, MAKELPARAM(horizontal, getIconSpacing(pixelsPerInch(window_))));
+    send(LVM_SETICONSPACING, 0, MAKELPARAM(horizontal, getIconSpacing(verticalResolution(window_))));
 }
 
 void NavigationList::chooseFirst() {

@@ -2,6 +2,7 @@
 
 #include "jtcore/Services/KolmaException.h"
 #include "jtcore/Services/quietly.h"
+#include "plugin_ui/Controls/WindowContext.h"
 #include "plugin_ui/Controls/entryField.h"
 #include "plugin_ui/Controls/subclassing.h"
 #include "plugin_ui/Controls/windowProperties.h"
@@ -13,13 +14,6 @@ namespace {
 constexpr COLORREF white = 0xFFFFFF;
 constexpr COLORREF black = 0;
 constexpr int pointsPerInch = 72;
-
-int verticalResolution(HWND window) {
-    const HDC context = GetDC(window);
-    const int resolution = GetDeviceCaps(context, LOGPIXELSY);
-    ReleaseDC(window, context);
-    return resolution;
-}
 
 bool accepts(HWND window, char16_t key) {
     const auto type = static_cast<TextBoxType>(getProperty(window, property::entryType));

@@ -4,24 +4,10 @@
 #include "platform/modules.h"
 #include "platform/windows.h"
 #include "plugin_ui/Controls/OwnedGdi.h"
+#include "plugin_ui/Controls/WindowContext.h"
 #include "plugin_ui/Controls/bitmapLayout.h"
 
 namespace {
-
-class WindowContext {
-public:
-    explicit WindowContext(HWND window) : window_(window), context_(GetDC(window)) {}
-    WindowContext(const WindowContext&) = delete;
-    WindowContext& operator=(const WindowContext&) = delete;
-    ~WindowContext() {
-        if (context_) ReleaseDC(window_, context_);
-    }
-    HDC get() const noexcept { return context_; }
-
-private:
-    HWND window_;
-    HDC context_;
-};
 
 // A bitmap that can be drawn from.
 class BitmapContext {
