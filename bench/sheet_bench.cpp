@@ -26,6 +26,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 
 namespace {
@@ -134,6 +135,43 @@ std::size_t widgetsOfSheet() {
     return count;
 }
 
+// What the windows of a sheet are sent while something is done to it, the sheet itself and its page included. One sheet
+// at a time.
+class MessageCount {
+public:
+    explicit MessageCount(HWND sheet) {
+        procedures_.clear();
+        count_ = 0;
+        watch(sheet);
+        EnumChildWindows(sheet, watchChild, 0);
+    }
+    ~MessageCount() {
+        for (const auto& [window, procedure] : procedures_)
+            SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    }
+    MessageCount(const MessageCount&) = delete;
+    MessageCount& operator=(const MessageCount&) = delete;
+
+    std::size_t get() const noexcept { return count_; }
+
+private:
+    static void watch(HWND window) {
+        procedures_[window] = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&countAndPassOn)));
+    }
+    static BOOL CALLBACK watchChild(HWND window, LPARAM) {
+        watch(window);
+        return TRUE;
+    }
+    static LRESULT CALLBACK countAndPassOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        ++count_;
+        return CallWindowProcW(procedures_.at(window), window, message, wParam, lParam);
+    }
+
+    static inline std::map<HWND, WNDPROC> procedures_;
+    static inline std::size_t count_ = 0;
+};
+
 // Shows the dialog, and closes it when it has been painted.
 template <typename Make>
 double openPeer(Make make) {
@@ -198,19 +236,32 @@ void plainDialog(benchmark::State& state) {
 }
 
 // Another number of copies, until everything that depends on it has been told and painted.
+void changeCopies(HWND sheet) {
+    const auto page = reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
+    SetWindowTextW(GetDlgItem(page, IDC_COPIES_EDIT), u"7");
+    UpdateWindow(sheet);
+}
+
 void oneChange(benchmark::State& state) {
     measure(state, [] {
         double seconds = 0;
         document().open([&](HWND sheet) {
-            const auto page = reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
-            const HWND copies = GetDlgItem(page, IDC_COPIES_EDIT);
             const Clock::time_point begin = Clock::now();
-            SetWindowTextW(copies, u"7");
-            UpdateWindow(sheet);
+            changeCopies(sheet);
             seconds = secondsSince(begin);
         });
         return seconds;
     });
+}
+
+std::size_t messagesOfOneChange() {
+    std::size_t count = 0;
+    document().open([&](HWND sheet) {
+        const MessageCount messages(sheet);
+        changeCopies(sheet);
+        count = messages.get();
+    });
+    return count;
 }
 
 BENCHMARK(documentSheet)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -257,6 +308,7 @@ int main(int count, char** arguments) {
     benchmark::Initialize(&count, arguments);
     if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 2;
     std::printf("first sheet of the process, window layer loaded on the way: %.1f ms\n", document().open() * 1000);
+    std::printf("messages to the windows of the sheet for one change: %zu\n", messagesOfOneChange());
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     const bool isSmall = soak();

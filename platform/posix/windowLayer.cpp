@@ -6,14 +6,14 @@
 #include <dlfcn.h>
 #include <mutex>
 #include <string>
-#include <unistd.h>
+#include <thread>
 
 namespace {
 
 struct Loaded {
     std::mutex mutex;
     std::atomic<const WindowLayer*> layer = nullptr;
-    std::atomic<pid_t> thread = 0;
+    std::atomic<std::thread::id> thread;
 };
 
 // Never destroyed: windows are still asked about while the process ends.
@@ -38,10 +38,10 @@ const WindowLayer* load() {
     if (loaded().layer == nullptr) {
         WindowLayerEntry entry = findEntry();
         require(entry != nullptr, ERROR_MOD_NOT_FOUND);
-        loaded().thread = ::gettid();
+        loaded().thread = std::this_thread::get_id();
         loaded().layer = entry();
     }
-    bool isHere = loaded().layer != nullptr && loaded().thread == ::gettid();
+    bool isHere = loaded().layer != nullptr && loaded().thread == std::this_thread::get_id();
     require(isHere, ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION);
     return loaded().layer;
 }
@@ -62,7 +62,7 @@ Result forwarded(const WindowLayer* layer, Call&& call, None&& none) noexcept {
 
 const WindowLayer* loadedWindowLayer() noexcept {
     const WindowLayer* layer = loaded().layer;
-    if (layer != nullptr && loaded().thread == ::gettid()) return layer;
+    if (layer != nullptr && loaded().thread == std::this_thread::get_id()) return layer;
     SetLastError(ERROR_INVALID_WINDOW_HANDLE);
     return nullptr;
 }

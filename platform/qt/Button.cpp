@@ -223,6 +223,7 @@ LRESULT Button::checkState() const {
 
 // Nobody is told; other buttons of the group stay as they are.
 LRESULT Button::setCheckState(WPARAM state) {
+    if (static_cast<WPARAM>(checkState()) == state) return 0; // the toolkit would draw it once more
     if (auto* box = as<QCheckBox>(); box != nullptr) {
         bool isHalf = state == BST_INDETERMINATE && box->isTristate();
         if (isHalf)

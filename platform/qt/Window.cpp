@@ -122,7 +122,18 @@ std::vector<Window*> Window::children() const {
 }
 
 Window* Window::child(WORD id) const {
-    return widget_ == nullptr ? nullptr : firstChild(*widget_, [id](const Window& child) { return child.id() == id; });
+    if (widget_ == nullptr) return nullptr;
+    Window* known = table().find(childrenById_.value(id));
+    if (known != nullptr && known->id() == id && known->parent() == this) return known;
+    Window* found = firstChild(*widget_, [id](const Window& child) { return child.id() == id; });
+    if (found != nullptr) childrenById_.insert(id, found->handle());
+    return found;
+}
+
+// Another child may now be the first one with its id.
+void Window::setId(WORD id) {
+    id_ = id;
+    if (Window* above = parent()) above->childrenById_.clear();
 }
 
 std::vector<Window*> Window::owned() const {
@@ -145,7 +156,7 @@ Window& Window::root() noexcept {
     return *window;
 }
 
-LRESULT Window::send(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT Window::send(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     if (handle_ == nullptr) return 0;
     ++depth_;
     ++answering;
@@ -156,7 +167,13 @@ LRESULT Window::send(UINT message, WPARAM wParam, LPARAM lParam) {
             if (--answering == 0 && !waitingToGo().empty()) letGoWaiting();
         }
     } leave{depth_};
-    return procedure_(handle_, message, wParam, lParam);
+    try {
+        return procedure_(handle_, message, wParam, lParam);
+    } catch (...) {
+        // Below lie the toolkit's frames and the program's: none of them is made for what its procedure lets out.
+        SetLastError(errorOfCurrentException());
+        return 0;
+    }
 }
 
 void Window::styleChanged(DWORD, DWORD) {}
@@ -192,6 +209,8 @@ Window& Window::keep(std::unique_ptr<Window> window) {
 }
 
 void Window::destroy() {
+    // A program may destroy what goes already: in WM_DESTROY, or in what that leads to.
+    if (std::exchange(isGoing_, true)) return;
     for (Window* window : owned())
         window->destroy();
     if (widget_ != nullptr && widget_->isWindow()) widget_->hide();

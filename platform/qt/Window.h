@@ -4,6 +4,7 @@
 
 #include "platform/windows.h"
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QRect>
@@ -63,8 +64,9 @@ public:
     bool isTopLevel() const noexcept;
     Window& root() noexcept;
 
-    // Through the window's procedure, subclasses included.
-    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    // Through the window's procedure, subclasses included. What that lets out ends here: the answer is then 0, with the
+    // last error.
+    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) noexcept;
     // What the class itself answers: the end of the chain of procedures. A control overrides it, and hands on what it
     // does not know.
     virtual LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam);
@@ -81,7 +83,7 @@ public:
     WNDPROC setProcedure(WNDPROC procedure) noexcept;
     void setStyle(DWORD style);
     void setExtendedStyle(DWORD extendedStyle);
-    void setId(WORD id) noexcept { id_ = id; }
+    void setId(WORD id);
     LONG_PTR userData = 0;
     std::vector<std::pair<std::u16string, HANDLE>> properties;
     // TrackMouseEvent asked for the next time that the mouse leaves.
@@ -137,8 +139,11 @@ private:
     HINSTANCE instance_;
     WNDPROC procedure_;
     HFONT font_ = nullptr;
+    // What child() has found: a dialog asks for its controls by number with every change.
+    mutable QHash<WORD, HWND> childrenById_;
     Delivery* delivery_ = nullptr;
     int depth_ = 0;
+    bool isGoing_ = false;
 };
 
 // Copies a text as WM_GETTEXT does: at most size - 1 characters and a terminator. The number copied.
