@@ -3,6 +3,7 @@
 #include "jtcore/Services/KolmaException.h"
 #include "jtcore/Services/getDriverFilePath.h"
 #include "platform/controls.h"
+#include "platform/property_sheet.h"
 #include "platform/windows.h"
 #include "plugin_ui/Overlay.h"
 #include "plugin_ui/UIContext.h"
@@ -17,6 +18,11 @@ constexpr UINT chosenState = LVIS_SELECTED | LVIS_FOCUSED;
 void tell(Overlay& overlay, HWND window, UINT message) {
     LRESULT ignored = 0;
     overlay.processMessage({window, message, 0, 0}, ignored);
+}
+
+// F1 on a control of the sheet itself.
+bool isHelpWanted(const UIMessage& notification) {
+    return reinterpret_cast<const NMHDR*>(notification.lParam)->code == PSN_HELP;
 }
 
 } // namespace
@@ -68,6 +74,10 @@ bool NavigationBar::onShow(const UIMessage& message, LRESULT&) {
 }
 
 bool NavigationBar::onNotify(const UIMessage& message, LRESULT& result) {
+    if (isHelpWanted(message)) {
+        showHelp(message.window);
+        return true;
+    }
     if (message.wParam != IDC_NAVIGATION_LIST) return sendToChildren(message, result);
     const auto& change = *reinterpret_cast<const NMLISTVIEW*>(message.lParam);
     if (change.hdr.code != LVN_ITEMCHANGING) return false;
@@ -89,6 +99,12 @@ bool NavigationBar::onCommand(const UIMessage& message, LRESULT& result) {
         return sendToChildren(message, result);
     showHelp(message.window);
     return false;
+}
+
+bool NavigationBar::onOtherMessage(const UIMessage& message, LRESULT& result) {
+    if (message.id != WM_HELP) return sendToChildren(message, result);
+    showHelp(message.window);
+    return true;
 }
 
 void NavigationBar::showHelp(HWND window) const {

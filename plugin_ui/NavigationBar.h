@@ -27,6 +27,8 @@ public:
     bool onNotify(const UIMessage& message, LRESULT& result) override;
     bool onShow(const UIMessage& message, LRESULT& result) override;
     bool onRefresh(const UIMessage& message, LRESULT& result) override;
+    // F1 on a control of the page.
+    bool onOtherMessage(const UIMessage& message, LRESULT& result) override;
 
 private:
     void fillList(const UIMessage& message);

@@ -5,12 +5,9 @@
 #include "platform/qt/windowCalls.h"
 
 #include <QApplication>
-#include <QDesktopServices>
-#include <QFileInfo>
 #include <QPalette>
 #include <QScreen>
 #include <QStyle>
-#include <QUrl>
 
 #include <algorithm>
 
@@ -43,16 +40,6 @@ QPalette::ColorRole roleOf(int index) {
 }
 
 int metric(QStyle::PixelMetric which) { return QApplication::style()->pixelMetric(which); }
-
-// The help of a driver as this desktop can show it: pages of the web beside the file that the program names.
-QUrl helpPage(const QString& helpFile, ULONG_PTR topic) {
-    QFileInfo named(helpFile);
-    QFileInfo page(named.path() + u'/' + named.completeBaseName() + QStringLiteral(".html"));
-    if (!page.exists()) return {};
-    QUrl url = QUrl::fromLocalFile(page.absoluteFilePath());
-    url.setFragment(QString::number(topic));
-    return url;
-}
 
 } // namespace
 
@@ -117,14 +104,6 @@ BOOL MessageBeep(UINT /*uType*/) {
 BOOL InitCommonControlsEx(const INITCOMMONCONTROLSEX* picce) {
     if (picce != nullptr && picce->dwSize == sizeof(INITCOMMONCONTROLSEX)) return TRUE;
     SetLastError(ERROR_INVALID_PARAMETER);
-    return FALSE;
-}
-
-BOOL WinHelpW(HWND /*hWndMain*/, LPCWSTR lpszHelp, UINT uCommand, ULONG_PTR dwData) {
-    if (uCommand == HELP_QUIT) return TRUE;
-    QUrl page = lpszHelp == nullptr ? QUrl() : helpPage(QString::fromUtf16(fromWide(lpszHelp)), dwData);
-    if (page.isValid() && QDesktopServices::openUrl(page)) return TRUE;
-    SetLastError(page.isValid() ? ERROR_GEN_FAILURE : ERROR_FILE_NOT_FOUND);
     return FALSE;
 }
 
