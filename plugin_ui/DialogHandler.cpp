@@ -69,18 +69,31 @@ void DialogHandler::attach(HWND window) {
     openWindow_ = window;
 }
 
+template <typename Body>
+bool DialogHandler::runGuarded(HWND window, Body&& body) {
+    return hostBoundary(false, [&] {
+        return runAtSheetSite({window, titleId_, u"DialogHandler::windowProc()"}, false, [&] {
+            body();
+            return true;
+        });
+    });
+}
+
 INT_PTR DialogHandler::handle(const UIMessage& message) {
     LRESULT result = 0;
     bool isHandled = false;
-    const bool isDone = runAtSheetSite({message.window, titleId_, u"DialogHandler::windowProc()"}, false, [&] {
+    const bool isDone = runGuarded(message.window, [&] {
         if (message.id == WM_INITDIALOG)
             initDialog(message, result, isHandled);
         else
             isHandled = processMessage(message, result);
-        return true;
     });
     // What one of them could not judge is not valid, whatever the ones before it said.
     if (!isDone && isValidation(message.id)) result = entriesInvalid;
+    // What stood as the answer when a handler failed is heard: a sheet whose apply failed must stay.
+    if (!isDone && result != 0) isHandled = true;
+    // A session that may change nothing is locked, whatever failed before.
+    if (message.id == WM_INITDIALOG) lockIfReadOnly(message.window);
     SetWindowLongPtrW(message.window, DWLP_MSGRESULT, result);
     return isHandled && asksForColours(message.id) ? result : INT_PTR{isHandled};
 }
@@ -89,12 +102,17 @@ void DialogHandler::initDialog(UIMessage message, LRESULT& result, bool& isHandl
     const HWND window = message.window;
     if (bindsStocks_ && getContext().stockInformation) getContext().stockInformation->setSettings(&workingSettings_);
     message.lParam = reinterpret_cast<LPARAM>(&workingSettings_);
+    LRESULT ignored = 0;
+    if (wasLocked_ && !getContext().readOnly) processMessage({nullptr, UIM_UNLOCK, 0, 0}, ignored);
     beforeInitDialog(window);
     isHandled = processMessage(message, result);
     afterInitDialog(window);
-    LRESULT ignored = 0;
     processMessage({window, UIM_SHOW, 0, 0}, ignored);
     isHandled = true;
     SendMessageW(window, UIM_REFRESH, 0, 0);
-    if (getContext().readOnly) SendMessageW(window, UIM_LOCK, 0, 0);
+}
+
+void DialogHandler::lockIfReadOnly(HWND window) {
+    wasLocked_ = getContext().readOnly;
+    if (wasLocked_) SendMessageW(window, UIM_LOCK, 0, 0);
 }

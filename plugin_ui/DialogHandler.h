@@ -39,10 +39,15 @@ private:
     // What the dialog procedure returns.
     INT_PTR handle(const UIMessage& message);
     void initDialog(UIMessage message, LRESULT& result, bool& isHandled);
+    void lockIfReadOnly(HWND window);
+    // False after a failure, of which the user was told. Nothing leaves, whatever the user chose at its box.
+    template <typename Body>
+    bool runGuarded(HWND window, Body&& body);
 
     FeatureSettings* targetSettings_ = nullptr;
     FeatureSettings workingSettings_;
     HWND openWindow_ = nullptr;
+    bool wasLocked_ = false; // at the latest showing; the controls remember it
     bool bindsStocks_;
     std::uint16_t titleId_;
 };

@@ -2,6 +2,7 @@
 
 #include "jtcore/Services/KolmaException.h"
 #include "jtcore/Services/ResourceLibrary.h"
+#include "jtcore/Services/quietly.h"
 #include "platform/property_sheet.h"
 #include "platform/windows.h"
 #include "plugin_ui/dialogGeometry.h"
@@ -47,6 +48,10 @@ UIDialog::UIDialog(UIContext& context, std::uint16_t dialogId, Feature parentFea
       cancelId_(IDCANCEL),
       autoSize_(autoSize) {
     setDialogId(dialogId);
+}
+
+UIDialog::~UIDialog() {
+    quietly([this] { closeModeless(); });
 }
 
 void UIDialog::setDialogId(std::uint16_t dialogId) {
@@ -104,32 +109,40 @@ void UIDialog::showModeless(HWND parent, FeatureSettings& settings) {
 bool UIDialog::onCommand(const UIMessage& message, LRESULT& result) {
     const WORD id = LOWORD(message.wParam);
     if (id == okId_) return accept(message.window);
-    if (id == cancelId_) return cancel(message.window);
+    if (id == cancelId_ || id == IDCANCEL) return cancel(message.window);
     return sendToChildren(message, result);
 }
 
 // A modal dialog commits when its window has gone, in showModal().
 bool UIDialog::accept(HWND window) {
     if (!validateEntries(window)) return true;
-    if (!modelessWindow_) {
+    if (isModal_) {
         EndDialog(window, IDOK);
-        return true;
+    } else if (modelessWindow_) {
+        commitSettings(parentWindow_);
+        closeModeless();
+        notifyObservers();
     }
-    commitSettings(parentWindow_);
-    closeModeless();
-    notifyObservers();
     return true;
 }
 
 bool UIDialog::cancel(HWND window) {
-    if (modelessWindow_)
-        closeModeless();
-    else
+    if (isModal_)
         EndDialog(window, 0);
+    else
+        closeModeless();
     return true;
 }
 
-void UIDialog::closeModeless() { DestroyWindow(std::exchange(modelessWindow_, nullptr)); }
+// The dialog may be told to cancel once more while its window goes.
+void UIDialog::closeModeless() {
+    if (const HWND open = std::exchange(modelessWindow_, nullptr)) DestroyWindow(open);
+}
+
+bool UIDialog::onDestroy(const UIMessage& message, LRESULT& result) {
+    modelessWindow_ = nullptr;
+    return sendToChildren(message, result);
+}
 
 void UIDialog::beforeInitDialog(HWND window) {
     dialogWindow_ = window;

@@ -11,6 +11,9 @@
 
 class UIDialog : public DialogHandler, public ObserverSubject {
 public:
+    // A window that is open without being modal goes too.
+    ~UIDialog() override;
+
     // Runs the dialog. True when the user accepted, and then the settings hold what was entered; otherwise they are
     // untouched. False at once while the dialog is up already. Raises ResourceAcquisitionException when there can be no
     // window.
@@ -28,7 +31,9 @@ public:
     // Of the current showing, or the one before; null before the first.
     HWND getDialogWindow() const noexcept { return dialogWindow_; }
 
+    // Escape and the window's own close button say IDCANCEL: it cancels, whatever the cancelling button is.
     bool onCommand(const UIMessage& message, LRESULT& result) override;
+    bool onDestroy(const UIMessage& message, LRESULT& result) override;
 
 protected:
     // Loads the template, all of whose items are hidden until a control shows them. autoSize: the window is fitted

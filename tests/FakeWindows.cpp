@@ -1,6 +1,5 @@
 #include "tests/FakeWindows.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -57,14 +56,14 @@ INT_PTR FakeWindows::runModal(DLGPROC procedure, LPARAM lParam) {
 
 LRESULT FakeWindows::notify(HWND dialog, UINT code, UINT_PTR idFrom) {
     NMHDR header{sheet(), idFrom, code};
-    send(dialog, WM_NOTIFY, idFrom, reinterpret_cast<LPARAM>(&header));
-    return word(dialog, DWLP_MSGRESULT);
+    return send(dialog, WM_NOTIFY, idFrom, reinterpret_cast<LPARAM>(&header));
 }
 
 LRESULT FakeWindows::send(HWND window, UINT id, WPARAM wParam, LPARAM lParam) {
     sent_.push_back({window, id, wParam, lParam});
     const auto found = dialogs_.find(window);
     if (found == dialogs_.end()) return 0;
+    word(window, DWLP_MSGRESULT) = 0;
     return found->second(window, id, wParam, lParam) != 0 ? word(window, DWLP_MSGRESULT) : 0;
 }
 
@@ -78,12 +77,6 @@ HANDLE& FakeWindows::property(HWND window, LPCWSTR name) { return properties_[{w
 bool FakeWindows::isShown(HWND dialog, int id) const {
     const auto found = shown_.find(item(dialog, id));
     return found != shown_.end() && found->second;
-}
-
-std::size_t FakeWindows::changes() const {
-    return static_cast<std::size_t>(std::count_if(sent_.begin(), sent_.end(), [](const SentMessage& message) {
-        return message.window == sheet() && message.id == PSM_CHANGED;
-    }));
 }
 
 std::vector<UINT> FakeWindows::sentTo(HWND dialog) const {

@@ -32,7 +32,7 @@ public:
     // A window that got no WM_INITDIALOG yet.
     HWND makeDialog(DLGPROC procedure);
     void close(HWND dialog);
-    // The message result of the dialog afterwards.
+    // What the sender gets: 0 for what the dialog has not handled.
     LRESULT notify(HWND dialog, UINT code, UINT_PTR idFrom = 0);
 
     // What the user does in a modal dialog, until it is ended; -1 is the answer when nobody plays the user.
@@ -43,8 +43,6 @@ public:
 
     static HWND sheet() noexcept;
     bool isShown(HWND dialog, int id) const;
-    // How often the sheet was told that there is something to apply.
-    std::size_t changes() const;
     // What the dialogs were sent, by id.
     std::vector<UINT> sentTo(HWND dialog) const;
     void forget() { sent_.clear(); }

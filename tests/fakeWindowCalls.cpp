@@ -21,6 +21,12 @@ LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value) {
     return windows() ? std::exchange(windows()->word(window, index), value) : 0;
 }
 
+LONG GetWindowLongW(HWND window, int index) { return static_cast<LONG>(fakes::GetWindowLongPtrW(window, index)); }
+
+LONG SetWindowLongW(HWND window, int index, LONG value) {
+    return static_cast<LONG>(fakes::SetWindowLongPtrW(window, index, value));
+}
+
 BOOL SetPropW(HWND window, LPCWSTR name, HANDLE data) {
     if (windows()) windows()->property(window, name) = data;
     return windows() != nullptr;

@@ -8,6 +8,8 @@
     ROW(LRESULT, SendMessageW, (HWND window, UINT id, WPARAM wParam, LPARAM lParam), (window, id, wParam, lParam))     \
     ROW(LONG_PTR, GetWindowLongPtrW, (HWND window, int index), (window, index))                                        \
     ROW(LONG_PTR, SetWindowLongPtrW, (HWND window, int index, LONG_PTR value), (window, index, value))                 \
+    ROW(LONG, GetWindowLongW, (HWND window, int index), (window, index))                                               \
+    ROW(LONG, SetWindowLongW, (HWND window, int index, LONG value), (window, index, value))                            \
     ROW(BOOL, SetPropW, (HWND window, LPCWSTR name, HANDLE data), (window, name, data))                                \
     ROW(HANDLE, GetPropW, (HWND window, LPCWSTR name), (window, name))                                                 \
     ROW(HANDLE, RemovePropW, (HWND window, LPCWSTR name), (window, name))                                              \

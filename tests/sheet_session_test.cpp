@@ -9,6 +9,7 @@
 #include "plugin_ui/NavigationBar.h"
 #include "plugin_ui/Overlay.h"
 #include "plugin_ui/UIFeature.h"
+#include "plugin_ui/navigationList.h"
 #include "resources/ids.h"
 #include "tests/FakeWindows.h"
 #include "tests/MessageBoxes.h"
@@ -356,16 +357,12 @@ TEST(Page, aMissingTextIsReportedEvenWhenItIsOneOfTheReportsOwn) {
     }
 }
 
-TEST(DialogProcedure, aMessageBeforeTheFirstAndBehindTheLastFindsNobody) {
+TEST(DialogProcedure, aMessageBeforeTheFirstFindsNobody) {
     Host host(areaThat(true));
     host.initialize();
     const HWND early = host.windows.makeDialog(host.page.pfnDlgProc);
     EXPECT_EQ(host.page.pfnDlgProc(early, WM_COMMAND, 1, 0), 0);
     EXPECT_EQ(host.page.pfnDlgProc(early, WM_INITDIALOG, 0, 0), 0) << "no record came with it";
-    host.window = host.windows.openPage(host.page);
-    DLGPROC procedure = host.page.pfnDlgProc;
-    host.tell(PROPSHEETUI_REASON_DESTROY, 0);
-    EXPECT_NE(procedure, nullptr);
 }
 
 TEST(DialogProcedure, aWindowThatOutlivesItsHandlerIsLeftAlone) {
@@ -413,4 +410,22 @@ TEST(NavigationBar, showsTheChosenOverlayAndHidesTheOther) {
     EXPECT_TRUE(choose(about, LVIS_SELECTED | LVIS_FOCUSED)) << "the current one again";
     EXPECT_FALSE(choose(0, LVIS_SELECTED | LVIS_FOCUSED));
     EXPECT_TRUE(host.windows.isShown(host.window, IDC_COPIES_EDIT));
+}
+
+TEST(NavigationBar, theViewOfTheListFollowsThePreference) {
+    Host host(areaThat(true));
+    host.open();
+    const HWND list = FakeWindows::item(host.window, IDC_NAVIGATION_LIST);
+    UserPreferences& preferences = host.handler().getContext().getPreferences();
+    LONG_PTR& style = host.windows.word(list, GWL_STYLE);
+    style |= LVS_SHOWSELALWAYS;
+    host.windows.forget();
+    for (const auto& [preference, view] : {std::pair{1, LVS_ICON}, {0, LVS_LIST}, {2, LVS_ICON}}) {
+        preferences.setToolBarPreference(preference);
+        host.windows.send(host.window, UIM_REFRESH, 0, 0);
+        EXPECT_EQ(style, static_cast<LONG_PTR>(LVS_SHOWSELALWAYS | view)) << preference;
+    }
+    EXPECT_THAT(host.windows.sentTo(list), IsEmpty()) << "the entries stay";
+    EXPECT_EQ(getIconSpacing(96), 70);
+    EXPECT_EQ(getIconSpacing(97), 80);
 }

@@ -1,22 +1,22 @@
 // Dialogs of features: what OK and Cancel do to the settings, and who hears of it; and the dialog of the printer's
 // limitations. The user in front of them is played.
 #include "plugin_ui/DialogLaunchButtonUIFeature.h"
+#include "plugin_ui/PropertySheetInterface.h"
+#include "plugin_ui/PropertySheetPage.h"
 #include "plugin_ui/UIDialog.h"
 #include "plugin_ui/showLimitationsDialog.h"
 
 #include "jtcore/Services/KolmaException.h"
 #include "resources/ids.h"
 #include "tests/FakeWindows.h"
+#include "tests/MessageBoxes.h"
 #include "tests/expectFailure.h"
 #include "tests/listBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
+using testing::ElementsAreArray;
 
 namespace {
 
@@ -30,6 +30,18 @@ public:
     void updateFeatureWithNewSettings() override { getDialogSettings().getLong(copies, shown); }
     void handleSubjectUpdate(std::uint16_t) override {}
     bool isEntryValid(HWND) override { return shown < 100; }
+    bool onShow(const UIMessage& message, LRESULT& result) override {
+        if (failsToShow) throw 5;
+        return UIFeature::onShow(message, result);
+    }
+    bool onLock(const UIMessage&, LRESULT&) override {
+        isLocked = true;
+        return false;
+    }
+    bool onUnlock(const UIMessage&, LRESULT&) override {
+        isLocked = false;
+        return false;
+    }
     void setToDefault(FeatureSettings& settings) override { settings.setFeatureValue(copies, FeatureValue()); }
     void type(std::int32_t number) {
         shown = number;
@@ -38,6 +50,8 @@ public:
 
     std::int32_t shown = 0;
     bool isSupported = true;
+    bool failsToShow = false;
+    bool isLocked = false;
 };
 
 class TestDialog : public UIDialog {
@@ -52,6 +66,10 @@ struct Counter : Observer {
     void handleSubjectUpdate(std::uint16_t) override { ++heard; }
     int heard = 0;
 };
+
+// What a dialog's window is sent until the user has it.
+const std::vector<UINT> freeStart = {WM_INITDIALOG, UIM_REFRESH};
+const std::vector<UINT> lockedStart = {WM_INITDIALOG, UIM_REFRESH, UIM_LOCK};
 
 class Dialogs : public testing::Test {
 protected:
@@ -104,6 +122,19 @@ TEST_F(Dialogs, anInvalidEntryKeepsTheDialogOpenUntilItIsCorrected) {
     EXPECT_EQ(stored(), 99);
 }
 
+TEST_F(Dialogs, escapeCancelsWhateverTheButtonsAre) {
+    dialog.setButtonIds(71, 72);
+    for (const WORD id : {WORD{72}, WORD{IDCANCEL}}) {
+        windows.user = [&](HWND window) {
+            dialog.feature.type(8);
+            press(window, id);
+            EXPECT_TRUE(windows.isEnded(window)) << id;
+        };
+        EXPECT_FALSE(dialog.showModal(FakeWindows::sheet(), settings)) << id;
+        EXPECT_EQ(stored(), 3) << id;
+    }
+}
+
 TEST_F(Dialogs, shownWhileItIsUpItStaysAsItIs) {
     windows.user = [&](HWND window) {
         dialog.feature.type(8);
@@ -141,15 +172,38 @@ TEST_F(Dialogs, aModelessOneCommitsByItselfAndTells) {
     }
 }
 
-TEST_F(Dialogs, ofAReadOnlySessionAreLockedWhenTheyAreFilled) {
-    for (const bool isReadOnly : {false, true}) {
-        context.readOnly = isReadOnly;
+TEST_F(Dialogs, aModelessOneMayBeClosedByItsOwnerAndGoesWithItsHandler) {
+    dialog.showModeless(FakeWindows::sheet(), settings);
+    windows.close(dialog.getDialogWindow());
+    windows.user = [&](HWND window) { press(window, IDOK); };
+    EXPECT_TRUE(dialog.showModal(FakeWindows::sheet(), settings)) << "it can be shown again";
+
+    auto other = std::make_unique<TestDialog>(context);
+    other->showModeless(FakeWindows::sheet(), settings);
+    const HWND window = other->getDialogWindow();
+    other.reset();
+    EXPECT_FALSE(windows.isDialog(window)) << "no window without a handler stays on the screen";
+}
+
+TEST_F(Dialogs, areLockedWithTheSessionAtEachShowingWhateverFails) {
+    struct Row {
+        bool isReadOnly;
+        bool failsToShow;
+    };
+    const Row rows[] = {{false, false}, {true, false}, {false, false}, {true, true}, {false, true}};
+    for (const Row& row : rows) {
+        const MessageBoxes boxes(IDCANCEL);
+        context.readOnly = row.isReadOnly;
+        dialog.feature.failsToShow = row.failsToShow;
         windows.user = [&](HWND window) {
-            const auto sent = windows.sentTo(window);
-            EXPECT_EQ(sent.back(), isReadOnly ? UIM_LOCK : UIM_REFRESH);
+            EXPECT_EQ(dialog.feature.isLocked, row.isReadOnly);
+            if (!row.failsToShow) {
+                EXPECT_THAT(windows.sentTo(window), ElementsAreArray(row.isReadOnly ? lockedStart : freeStart));
+            }
             press(window, IDCANCEL);
         };
-        dialog.showModal(FakeWindows::sheet(), settings);
+        EXPECT_FALSE(dialog.showModal(FakeWindows::sheet(), settings));
+        EXPECT_EQ(boxes.shown().size(), row.failsToShow ? 1 : 0);
     }
 }
 
@@ -183,6 +237,37 @@ TEST_F(Dialogs, behindAButtonTellTheObserversOfAnOkAlone) {
     EXPECT_TRUE(launch.isFeatureSupported());
     behind.feature.isSupported = false;
     EXPECT_FALSE(launch.isFeatureSupported()) << "with nothing left in the dialog the button goes too";
+}
+
+namespace {
+
+// A page whose commit fails.
+struct FailingPage : PropertySheetPage {
+    FailingPage(UIContext& context, PropertySheetInterface& sheet)
+        : PropertySheetPage(context, noParentFeature, false, 0, sheet) {}
+    void commitSettings(HWND) override {
+        if (isUnknown) throw 5;
+        throw std::bad_alloc();
+    }
+    bool isUnknown = false;
+};
+
+} // namespace
+
+TEST_F(Dialogs, aPageWhoseCommitFailsKeepsTheSheetOpen) {
+    PropertySheetInterface sheet(nullptr, nullptr, nullptr);
+    FailingPage page(context, sheet);
+    PROPSHEETPAGEW record{};
+    record.pfnDlgProc = DialogHandler::windowProc;
+    record.lParam = reinterpret_cast<LPARAM>(static_cast<DialogHandler*>(&page));
+    const HWND window = windows.openPage(record);
+    for (const bool isUnknown : {false, true})
+        for (const int answer : {IDOK, IDCANCEL}) {
+            page.isUnknown = isUnknown;
+            const MessageBoxes boxes(answer);
+            EXPECT_EQ(windows.notify(window, PSN_APPLY), PSNRET_INVALID) << isUnknown << answer;
+            EXPECT_EQ(boxes.shown().size(), 1U) << isUnknown << answer;
+        }
 }
 
 TEST(LimitationsDialog, offersTheChoiceOnlyWhereThereIsOne) {
