@@ -246,4 +246,25 @@ TEST(EditWindow, isColouredAsItsParentSays) {
     }
 }
 
+TEST(EditWindow, blackOnWhiteCanBeReadOnADarkDesktopToo) {
+    WindowStage stage;
+    const QPalette before = QApplication::palette();
+    QPalette dark = before;
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Text, QColor(240, 240, 240));
+    QApplication::setPalette(dark);
+    HWND edit = stage.add(WC_EDITW, ES_READONLY, first, u"text");
+    stage.answer = [](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
+        if (message != WM_CTLCOLORSTATIC) return std::nullopt;
+        SetTextColor(reinterpret_cast<HDC>(wParam), RGB(0, 0, 0));
+        return reinterpret_cast<LRESULT>(GetStockObject(WHITE_BRUSH));
+    };
+    stage.show();
+    UpdateWindow(edit);
+    const QPalette shown = WindowStage::widgetOf(edit)->palette();
+    QApplication::setPalette(before);
+    EXPECT_EQ(shown.color(QPalette::Base), QColor(30, 30, 30));
+    EXPECT_EQ(shown.color(QPalette::Active, QPalette::Text), QColor(240, 240, 240));
+}
+
 } // namespace

@@ -10,10 +10,12 @@
 #include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QPluginLoader>
+#include <QPointer>
 #include <QThread>
 #include <QTranslator>
 
 #include <dlfcn.h>
+#include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -99,11 +101,22 @@ std::optional<std::string> usablePlatform() {
     return std::nullopt;
 }
 
+// A screen with room for a sheet at every scale; the toolkit's own has 800 pixels each way. Its description is a file
+// that only this process sees, and that lives as long.
+std::string screenInMemory() {
+    constexpr std::string_view description =
+        R"({"screens": [{"name": "memory", "x": 0, "y": 0, "width": 3840, "height": 2400,)"
+        R"( "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+    int file = ::memfd_create("screen", MFD_CLOEXEC);
+    bool isWritten = file >= 0 && ::write(file, description.data(), description.size()) > 0;
+    return isWritten ? "offscreen:configfile=/proc/self/fd/" + std::to_string(file) : std::string("offscreen");
+}
+
 // For a program that does without a display. What the toolkit has to say of that is of no use to anybody.
 std::optional<std::string> memoryPlatform() {
     if (!mayDoWithoutDisplay()) return std::nullopt;
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
-    return "offscreen";
+    return screenInMemory();
 }
 
 // Where the desktop names no font, one that reads well in small print.
@@ -160,7 +173,15 @@ private:
     }
 };
 
+// The one that has what this layer needs; null when it has gone.
+QPointer<QApplication>& adopted() {
+    static QPointer<QApplication> application;
+    return application;
+}
+
 void adopt(QApplication& application) {
+    if (adopted() == &application) return;
+    adopted() = &application;
     application.installEventFilter(new KeyFilter(&application));
     QObject::connect(&application, &QApplication::focusChanged, &application,
                      [](QWidget*, QWidget* now) { showDefaultButton(now); });
@@ -168,18 +189,20 @@ void adopt(QApplication& application) {
 
 // Windows come and go under programs that run on: the last one closed does not end them.
 void startOwn(const std::string& platform) {
-    // The toolkit keeps these for good.
-    static std::string chosen = platform;
+    // The toolkit keeps these for as long as the application lives.
+    static std::string chosen;
     static char name[] = "kolma";
     static char option[] = "-platform";
-    static char* arguments[] = {name, option, chosen.data(), nullptr};
-    static int argumentCount = 3;
-    if (platform.empty()) arguments[argumentCount = 1] = nullptr;
+    static char* arguments[] = {name, option, nullptr, nullptr};
+    static int argumentCount;
+    chosen = platform;
+    arguments[2] = chosen.data();
+    argumentCount = platform.empty() ? 1 : 3;
     auto* application = new QApplication(argumentCount, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
     chooseFont();
     QApplication::setStyle(new DialogStyle);
-    applyColourScheme();
+    followColourScheme();
     loadTranslation();
     adopt(*application);
 }

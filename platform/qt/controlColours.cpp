@@ -26,6 +26,11 @@ private:
 
 QColor readableOn(const QColor& background) { return background.lightness() < 128 ? Qt::white : Qt::black; }
 
+// Black on white means the desktop's own paper and ink, which a dark desktop has the other way round.
+QColor inkOnPaper(std::optional<QColor> wanted, const QPalette& palette) {
+    return wanted && *wanted != Qt::black ? *wanted : palette.color(QPalette::Text);
+}
+
 } // namespace
 
 ControlColours ControlColours::of(Window& control, UINT message, const ControlColours& usual) {
@@ -38,7 +43,7 @@ ControlColours ControlColours::of(Window& control, UINT message, const ControlCo
     const QPalette palette = QApplication::palette();
     if (brush == nullptr) return {usual.background, context.text().value_or(usual.text)};
     if (brush == qt::GetStockObject(WHITE_BRUSH))
-        return {palette.brush(QPalette::Base), context.text().value_or(palette.color(QPalette::Text))};
+        return {palette.brush(QPalette::Base), inkOnPaper(context.text(), palette)};
     auto wanted = gdiObjectAs<QBrush>(brush);
     if (!wanted || *wanted == usual.background) return {usual.background, context.text().value_or(usual.text)};
     return {*wanted,
