@@ -168,6 +168,7 @@ void CommandLine::addPropertiesCommand() {
             request.isDevice = device_;
             request.isReadOnly = readOnly_;
             request.isFresh = fresh_;
+            request.refusesPage = refusesPage_;
             return openProperties(request);
         });
     command->add_option("PRINTER", name_, "The printer's name; \"demo\" is added when there is none of that name")
@@ -179,6 +180,8 @@ void CommandLine::addPropertiesCommand() {
     CLI::Option* fresh = command->add_flag("--fresh", fresh_, "Begin with the printer's default settings");
     CLI::Option* readOnly =
         command->add_flag("--read-only", readOnly_, "Open the sheet as for a user who may not change anything");
+    // Nobody's wish, but a way to see what the driver makes of such a host; the help is silent about it.
+    command->add_flag("--refuse-page", refusesPage_, "As a host that does not take the driver's page")->group("");
     for (CLI::Option* ofDocument : {area, fresh, readOnly})
         ofDocument->excludes(device);
     CLI::Option* script = command->add_option("--play", script_, "Play a script on the sheet; no display is needed");

@@ -46,6 +46,7 @@ private:
     bool device_ = false;
     bool readOnly_ = false;
     bool fresh_ = false;
+    bool refusesPage_ = false;
     bool json_ = false;
     bool verbose_ = false;
 };

@@ -14,16 +14,18 @@ bool verbose = false;
 
 constexpr std::u16string_view emptyLine = u"\r\n\r\n";
 
-// The text of the box, with the failure's own words before the code, which comes last.
-std::u16string composeText(const std::exception& failure) {
-    std::u16string text = makeFailureMessage(nullptr, failure, IDS_CAPTION_DRIVER)->getText();
+// The box, with the failure's own words before the code, which comes last.
+std::unique_ptr<UserMessage> makeMessage(const std::exception& failure) {
+    std::unique_ptr<UserMessage> message = makeFailureMessage(nullptr, failure, IDS_CAPTION_DRIVER);
+    std::u16string text = message->getText();
     const auto* ours = dynamic_cast<const KolmaException*>(&failure);
-    if (!ours || !dynamic_cast<const UserWords*>(&failure)) return text;
+    if (!ours || !dynamic_cast<const UserWords*>(&failure)) return message;
     std::u16string words = ours->getMessage();
     while (words.ends_with(u'\n') || words.ends_with(u'\r'))
         words.pop_back();
     const std::size_t code = text.rfind(emptyLine);
-    return text.insert(code == std::u16string::npos ? text.size() : code, std::u16string(emptyLine) + words);
+    message->setText(text.insert(code == std::u16string::npos ? text.size() : code, std::u16string(emptyLine) + words));
+    return message;
 }
 
 // The last resort, when not even the strings can be had.
@@ -40,9 +42,17 @@ bool isVerbose() noexcept { return verbose; }
 
 void printFailure(const std::exception& failure) noexcept {
     try {
-        std::u16string text = composeText(failure);
+        std::u16string text = makeMessage(failure)->getText();
         if (verbose) text.append(emptyLine).append(getExceptionDetails(failure));
         printError(text);
+    } catch (...) {
+        printPlainly(failure);
+    }
+}
+
+void showFailure(const std::exception& failure) noexcept {
+    try {
+        makeMessage(failure)->show();
     } catch (...) {
         printPlainly(failure);
     }

@@ -36,6 +36,9 @@ bool isVerbose() noexcept;
 // Writes heading, body, words and code, an empty line between each. Throws nothing.
 void printFailure(const std::exception& failure) noexcept;
 
+// Shows the same in a box. Throws nothing.
+void showFailure(const std::exception& failure) noexcept;
+
 // Runs a command and returns its exit code; a failure is printed and gives exitFailure.
 template <typename Command>
 int runReporting(Command&& command) noexcept {

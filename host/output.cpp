@@ -42,8 +42,14 @@ void printJson(const nlohmann::ordered_json& json) {
 }
 
 void printError(std::u16string_view text) {
-    std::string lines = toUtf8(text);
-    std::erase(lines, '\r');
+    std::string lines;
+    for (std::u16string_view left = text; !left.empty();) {
+        const std::u16string_view line = left.substr(0, left.find_first_of(u"\r\n\t"));
+        lines += toTerminal(line);
+        left.remove_prefix(line.size());
+        if (left.starts_with(u'\n') || left.starts_with(u'\t')) lines += static_cast<char>(left.front());
+        if (!left.empty()) left.remove_prefix(1);
+    }
     if (!lines.ends_with('\n')) lines += '\n';
     std::fwrite(lines.data(), 1, lines.size(), stderr);
 }

@@ -10,7 +10,7 @@
 void print(std::string_view text);
 void printJson(const nlohmann::ordered_json& json);
 
-// To the standard error: lines end in one line feed, and the last line ends.
+// To the standard error, as toTerminal() has it: lines end in one line feed, and the last line ends.
 void printError(std::u16string_view text);
 
 // Text of a file as a terminal may show it: controls, and what turns the direction of writing, come out as \u0000

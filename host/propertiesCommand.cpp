@@ -67,10 +67,12 @@ public:
         sheet.onOpen = [&] {
             if (script_) player.emplace(std::move(*script_), request_.script, request_.pictureFolder);
         };
+        sheet.refusesPage = request_.refusesPage;
         if (isKept()) sheet.onApplied = [this] { store_.save(area_); };
-        const bool hasApplied = sheet.run();
+        const std::optional<bool> hasApplied = runReportingFailure(sheet);
         const bool wentAsExpected = !player || player->finish();
-        report(hasApplied);
+        if (!hasApplied) return exitFailure;
+        report(*hasApplied);
         return wentAsExpected ? exitDone : exitNotValid;
     }
 
@@ -79,8 +81,21 @@ private:
     DWORD flags() const { return request_.isReadOnly ? DM_NOPERMISSION : DM_UPDATE | DM_COPY; }
     bool isKept() const { return !request_.isDevice && !request_.isReadOnly; }
 
+    // A sheet that fails does not spare the script what is left of it.
+    static std::optional<bool> runReportingFailure(PrinterSheet& sheet) {
+        try {
+            return sheet.run();
+        } catch (const std::exception& failure) {
+            printFailure(failure);
+            return std::nullopt;
+        }
+    }
+
     KolmaDmType startArea() {
         std::optional<KolmaDmType> kept = request_.isFresh ? std::nullopt : store_.load();
+        if (kept && !hasOurHeader(*kept))
+            printError(formatMessage(u"What is kept %s is not of this driver; the sheet begins without settings.",
+                                     store_.describe()));
         if (kept) return *kept;
         KolmaDmType area = absentArea();
         plugIn_.runDevMode(OEMDM_DEFAULT, printer_.get(), nullptr, area);

@@ -11,6 +11,7 @@ struct PropertiesRequest {
     bool isDevice = false;
     bool isReadOnly = false;
     bool isFresh = false; // begins with the printer's defaults
+    bool refusesPage = false;
 };
 
 // Returns when the sheet is closed. exitNotValid when the script found something else than it expects, exitUsage when

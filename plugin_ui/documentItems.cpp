@@ -8,6 +8,8 @@
 #include "plugin_ui/sheetSite.h"
 #include "resources/ids.h"
 
+#include <utility>
+
 namespace {
 
 constexpr OptionRow editableRow{
@@ -28,19 +30,44 @@ void leavePage(const OEMCUIPPARAM& param) {
     storeEditable(param, isEditable);
 }
 
+CatchSite siteOf(const CPSUICBPARAM& callback) {
+    return {callback.hDlg, IDS_CAPTION_DOCUMENT_PROPERTIES, u"KolmaDocumentPropertyUICallback()"};
+}
+
+// The selection goes back at once and forward again when it has reached the area: whatever happens in between it is
+// true.
+LONG changeSelection(const CPSUICBPARAM& callback, const OEMCUIPPARAM& param) {
+    if (callback.pCurItem != param.pOEMOptItems) return CPSUICB_ACTION_NONE;
+    const LONG chosen = std::exchange(callback.pCurItem->Sel, callback.OldSel);
+    const bool isStored = runAtSheetSite(siteOf(callback), false, [&] {
+        storeEditable(param, chosen != selectionNo);
+        return true;
+    });
+    if (!isStored) return CPSUICB_ACTION_OPTIF_CHANGED;
+    callback.pCurItem->Sel = chosen;
+    return CPSUICB_ACTION_NONE;
+}
+
 LONG answer(const CPSUICBPARAM& callback, const OEMCUIPPARAM& param) {
     switch (callback.Reason) {
     case CPSUICB_REASON_SEL_CHANGED:
-        if (callback.pCurItem == param.pOEMOptItems) storeEditable(param, callback.pCurItem->Sel != selectionNo);
-        return CPSUICB_ACTION_NONE;
+        return changeSelection(callback, param);
     case CPSUICB_REASON_APPLYNOW:
         return CPSUICB_ACTION_ITEMS_APPLIED;
     case CPSUICB_REASON_KILLACTIVE:
-        leavePage(param);
-        return CPSUICB_ACTION_NONE;
+        return runAtSheetSite(siteOf(callback), LONG{CPSUICB_ACTION_NONE}, [&] {
+            leavePage(param);
+            return LONG{CPSUICB_ACTION_NONE};
+        });
     default:
         return CPSUICB_ACTION_NONE;
     }
+}
+
+// What the sheet is told when a failure is passed on.
+LONG failureOf(const CPSUICBPARAM* callback) noexcept {
+    const bool isChange = callback && callback->Reason == CPSUICB_REASON_SEL_CHANGED;
+    return isChange ? CPSUICB_ACTION_OPTIF_CHANGED : CPSUICB_ACTION_NONE;
 }
 
 } // namespace
@@ -58,10 +85,8 @@ void tellDocumentItems(OEMCUIPPARAM& param, PageLock& lock) {
 }
 
 LONG APIENTRY KolmaDocumentPropertyUICallback(PCPSUICBPARAM callback, POEMCUIPPARAM param) {
-    constexpr LONG nothing = CPSUICB_ACTION_NONE;
-    return hostBoundary(nothing, [&] {
-        if (!callback || !param || !param->pOEMOptItems) return nothing;
-        const CatchSite site{callback->hDlg, IDS_CAPTION_DOCUMENT_PROPERTIES, u"KolmaDocumentPropertyUICallback()"};
-        return runAtSheetSite(site, nothing, [&] { return answer(*callback, *param); });
+    return hostBoundary(failureOf(callback), [&] {
+        if (!callback || !param || !param->pOEMOptItems) return LONG{CPSUICB_ACTION_NONE};
+        return answer(*callback, *param);
     });
 }

@@ -9,6 +9,6 @@ class PageLock;
 // live as long as the host's sheet. Raises on an area that cannot be read, and what the resource module raises.
 void tellDocumentItems(OEMCUIPPARAM& param, PageLock& lock);
 
-// The choice reaches the host's area at once, and the page when the user leaves the host's. A failure is shown, and the
-// area is then as it was.
+// The choice reaches the host's area at once, and the page when the user leaves the host's. A failure is shown; the
+// area is then as it was, and so is the selection.
 LONG APIENTRY KolmaDocumentPropertyUICallback(PCPSUICBPARAM callback, POEMCUIPPARAM param);

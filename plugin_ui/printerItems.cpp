@@ -122,14 +122,25 @@ private:
         return {window_, IDS_CAPTION_PRINTER_PROPERTIES, method, contextId, extraText};
     }
 
+    // A failure is shown, and one that the user passes on is kept for the end: nobody is asked of it twice.
+    template <typename Step>
+    bool attempt(const CatchSite& where, Step&& step) {
+        try {
+            return runAtSheetSite(where, false, [&] {
+                step();
+                return true;
+            });
+        } catch (...) {
+            passedOn_ = std::current_exception();
+            return false;
+        }
+    }
+
     void applyCapabilities(ImportedCapabilities& imported) {
         OPTITEM& item = items_[capabilitiesIndex];
         switch (item.Sel) {
         case selectionBuiltIn:
-            runAtSheetSite(site(wholeMethod, IDS_CONTEXT_CLEAR_CAPABILITIES), false, [&] {
-                imported.clearImportedCapabilities();
-                return true;
-            });
+            attempt(site(wholeMethod, IDS_CONTEXT_CLEAR_CAPABILITIES), [&] { imported.clearImportedCapabilities(); });
             break;
         case selectionFile:
             if (data_.name[0] != u'\0') importFile(imported);
@@ -145,15 +156,7 @@ private:
         const CatchSite importSite = site(applyMethod, IDS_CONTEXT_IMPORT_CAPABILITIES,
                                           u"importPrinterCapabilityFile() threw an exception. Use the default "
                                           u"setting.");
-        bool isImported = false;
-        try {
-            isImported = runAtSheetSite(importSite, false, [&] {
-                imported.importPrinterCapabilityFile(data_.name);
-                return true;
-            });
-        } catch (...) {
-            passedOn_ = std::current_exception();
-        }
+        const bool isImported = attempt(importSite, [&] { imported.importPrinterCapabilityFile(data_.name); });
         if (!isImported) recoverFromImport(imported);
     }
 

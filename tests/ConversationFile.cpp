@@ -20,6 +20,26 @@ std::vector<std::string> words(const std::string& text) {
     return all;
 }
 
+// "first rest"
+std::pair<std::string, std::string> pairOf(const std::string& value) {
+    const std::size_t end = value.find(' ');
+    return {value.substr(0, end), end == std::string::npos ? std::string() : value.substr(end + 1)};
+}
+
+bool takeFault(const std::string& key, const std::string& value, ConversationPart& part) {
+    if (key == "without")
+        part.without.push_back(value);
+    else if (key == "fault")
+        part.faults += value + '\n';
+    else if (key == "copy")
+        part.copies.push_back(pairOf(value));
+    else if (key == "remove")
+        part.removals.push_back(value);
+    else
+        return false;
+    return true;
+}
+
 void takeLine(const std::string& key, const std::string& value, ConversationFile& file) {
     ConversationPart& part = file.parts.back();
     if (key == "driver")
@@ -37,12 +57,12 @@ void takeLine(const std::string& key, const std::string& value, ConversationFile
     else if (key == "error")
         part.error.push_back(value);
     else if (key == "stores")
-        part.stores.emplace_back(value.substr(0, value.find(' ')), value.substr(value.find(' ') + 1));
+        part.stores.push_back(pairOf(value));
     else if (key == "unchanged")
         part.isUnchanged = true;
     else if (key == "again")
         file.parts.emplace_back();
-    else
+    else if (!takeFault(key, value, part))
         throw std::runtime_error("\"#: " + key + "\" means nothing");
 }
 

@@ -62,9 +62,35 @@ protected:
           wayland_("WAYLAND_DISPLAY", nullptr),
           platform_("QT_QPA_PLATFORM", nullptr) {}
 
-    static ProcessResult kolma(std::vector<std::string> words) {
-        words.insert(words.begin(), KOLMA_BUILD_DIR "/bin/kolma");
+    static ProcessResult kolma(std::vector<std::string> words, const std::string& program = builtProgram) {
+        words.insert(words.begin(), program);
         return runProcess(words);
+    }
+
+    // A program whose driver lacks these files.
+    std::string programWithout(const std::vector<std::string>& files) const {
+        namespace fs = std::filesystem;
+        const fs::path root = folder_.path() / "lacking";
+        const fs::path driver = root / "lib/kolma/3";
+        fs::remove_all(root);
+        fs::create_directories(driver);
+        fs::create_directories(root / "bin");
+        for (const auto& file : fs::directory_iterator(KOLMA_BUILD_DIR "/lib/kolma/3"))
+            fs::create_symlink(file.path(), driver / file.path().filename());
+        for (const std::string& file : files)
+            if (!fs::remove(driver / file)) throw std::runtime_error("the driver has no " + file);
+        // The platform goes by the place of its own library.
+        fs::remove(driver / platformLibrary);
+        fs::copy_file(fs::path(KOLMA_BUILD_DIR "/lib/kolma/3") / platformLibrary, driver / platformLibrary);
+        fs::copy_file(builtProgram, root / "bin/kolma");
+        return root / "bin/kolma";
+    }
+
+    static void setUpFiles(const ConversationPart& part) {
+        for (const auto& [from, to] : part.copies)
+            std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing);
+        for (const std::string& file : part.removals)
+            ASSERT_TRUE(std::filesystem::remove_all(file) > 0) << file;
     }
 
     void setUp(const ConversationFile& file) const {
@@ -79,20 +105,28 @@ protected:
     void play(const ConversationPart& part, std::size_t number) const {
         const std::string script = (folder_.path() / ("part" + std::to_string(number) + ".play")).string();
         std::ofstream(script) << part.script;
-        const std::string before = folder_.content("document.area");
+        setUpFiles(part);
+        const std::string before = documentContent();
         std::vector<std::string> words{"properties", "press", "--play", script, "--shots", folder_.path().string()};
         words.insert(words.end(), part.options.begin(), part.options.end());
         const bool isDevice = std::find(words.begin(), words.end(), "--device") != words.end();
         if (!isDevice) words.insert(words.end(), {"--devmode", area()});
-        const ProcessResult result = kolma(words);
+        const ProcessResult result = playWithFaults(part, words);
         ASSERT_EQ(result.exitCode, part.exitCode) << result.error << result.out;
         for (const std::string& pattern : part.out)
             EXPECT_TRUE(matches(pattern, result.out)) << pattern << "\nagainst\n" << result.out;
         for (const std::string& pattern : part.error)
             EXPECT_TRUE(matches(pattern, result.error)) << pattern << "\nagainst\n" << result.error;
         EXPECT_TRUE(!part.error.empty() || result.error.empty()) << result.error;
-        EXPECT_TRUE(!part.isUnchanged || folder_.content("document.area") == before) << "the document changed";
+        EXPECT_TRUE(!part.isUnchanged || documentContent() == before) << "the document changed";
         checkStored(part);
+    }
+
+    ProcessResult playWithFaults(const ConversationPart& part, const std::vector<std::string>& words) const {
+        const bool hasFaults = !part.faults.empty();
+        const EnvironmentVariable faults("KOLMA_FAULTS", hasFaults ? part.faults.c_str() : nullptr);
+        const EnvironmentVariable library("LD_PRELOAD", hasFaults ? KOLMA_FAULTS_FILE : nullptr);
+        return kolma(words, part.without.empty() ? builtProgram : programWithout(part.without));
     }
 
     void checkStored(const ConversationPart& part) const {
@@ -111,6 +145,12 @@ protected:
     std::string folder() const { return folder_.path().string(); }
 
 private:
+    static constexpr const char* builtProgram = KOLMA_BUILD_DIR "/bin/kolma";
+    static constexpr const char* platformLibrary = "libkolmaplatform.so";
+
+    std::string documentContent() const {
+        return std::filesystem::exists(area()) ? folder_.content("document.area") : "absent";
+    }
     std::string area() const { return (folder_.path() / "document.area").string(); }
 
     TemporaryFolder folder_;

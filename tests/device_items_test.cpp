@@ -32,8 +32,9 @@ const OwnStores ownStores;
 std::function<BOOL(OPENFILENAMEW&)> fileDialog;
 DWORD fileDialogError = 0;
 
-// The store of printer data refuses to write.
+// The store of printer data refuses to write, or ends in something that nobody knows.
 bool isStoreSealed = false;
+bool isStoreBroken = false;
 
 template <typename Function>
 Function platforms(const char* name) {
@@ -47,11 +48,13 @@ BOOL WINAPI GetOpenFileNameW(LPOPENFILENAMEW lpofn) { return fileDialog ? fileDi
 DWORD WINAPI CommDlgExtendedError() { return fileDialogError; }
 
 DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE data, DWORD size) {
+    if (isStoreBroken) throw 5;
     if (isStoreSealed) return ERROR_ACCESS_DENIED;
     return platforms<decltype(&SetPrinterDataW)>("SetPrinterDataW")(printer, name, type, data, size);
 }
 
 DWORD WINAPI DeletePrinterDataW(HANDLE printer, LPWSTR name) {
+    if (isStoreBroken) throw 5;
     if (isStoreSealed) return ERROR_ACCESS_DENIED;
     return platforms<decltype(&DeletePrinterDataW)>("DeletePrinterDataW")(printer, name);
 }
@@ -110,7 +113,7 @@ std::string wordsOf(const OPTITEM& item) {
     return text(item.pName) + ": " + text(params[0].pData) + "/" + text(params[1].pData);
 }
 
-class Lock : public PageLock {
+class Lock final : public PageLock {
 public:
     void lockPage() override { calls += "lock "; }
     void unlockPage() override { calls += "unlock "; }
@@ -229,7 +232,7 @@ TEST(DocumentItems, theChoiceReachesTheAreaAtOnceAndThePageWhenTheUserLeaves) {
     }
 }
 
-TEST(DocumentItems, anAreaThatCannotBeReadIsReportedAndStaysAsItIs) {
+TEST(DocumentItems, anAreaThatCannotBeReadIsReportedAndAllStaysAsItIs) {
     Lock lock;
     Area area = areaThat(true);
     ItemSheet sheet(1);
@@ -239,8 +242,10 @@ TEST(DocumentItems, anAreaThatCannotBeReadIsReportedAndStaysAsItIs) {
     area = corrupt;
     sheet.param.pOEMDM = area.data();
     const MessageBoxes boxes;
-    EXPECT_EQ(sheet.choose(0, 1), CPSUICB_ACTION_NONE);
+    EXPECT_EQ(sheet.choose(0, 1), CPSUICB_ACTION_OPTIF_CHANGED);
+    EXPECT_EQ(sheet.items[0].Sel, 0) << "the box shows what the area has";
     EXPECT_EQ(sheet.tell(CPSUICB_REASON_KILLACTIVE), CPSUICB_ACTION_NONE);
+    EXPECT_EQ(lock.calls, "unlock ");
     ASSERT_THAT(boxes.shown(), SizeIs(2));
     EXPECT_EQ(boxes.shown()[0].title, "Kolma Job Settings");
     EXPECT_THAT(boxes.shown()[0].text, testing::ContainsRegex("\r\n[0-9]{3}:[0-9]{3}:[0-9]{4}$"));
@@ -398,6 +403,23 @@ TEST(PrinterItems, aStoreThatRefusesToWriteKeepsTheSheetOpen) {
     EXPECT_EQ(printer.sheet.tell(CPSUICB_REASON_APPLYNOW), CPSUICB_ACTION_NONE) << "the apply goes on";
     EXPECT_THAT(clearing.onlyOne().text, HasSubstr("being removed"));
     EXPECT_TRUE(printer.isImported());
+}
+
+TEST(PrinterItems, aFailureThatIsPassedOnIsAskedAboutOnceAndEndsTheApply) {
+    for (const LONG selection : {0, 1}) {
+        PrinterSheet printer(true);
+        const ChosenFile file(printer);
+        printer.sheet.tell(CPSUICB_REASON_APPLYNOW);
+        const bool before = printer.printer.isRendo2xTicket();
+        printer.sheet.items[0].Sel = selection;
+        printer.sheet.items[1].Sel = before ? 1 : 0;
+        isStoreBroken = true;
+        const MessageBoxes boxes(IDCANCEL);
+        EXPECT_EQ(printer.sheet.tell(CPSUICB_REASON_APPLYNOW), CPSUICB_ACTION_NO_APPLY_EXIT) << selection;
+        isStoreBroken = false;
+        EXPECT_THAT(boxes.onlyOne().text, HasSubstr("unexpected failure")) << selection;
+        EXPECT_EQ(printer.printer.isRendo2xTicket(), before) << selection;
+    }
 }
 
 TEST(PrinterItems, aStoredNameThatDoesNotFitStaysInForceWhenTheUserApplies) {

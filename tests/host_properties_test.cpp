@@ -84,16 +84,20 @@ TEST_F(Properties, whatCannotBeOpenedSaysWhy) {
     EXPECT_EQ(kolma({"properties", "press", "--shots", "."}).exitCode, 2);
 }
 
-TEST_F(Properties, aDocumentThatCannotBeWrittenIsToldInTheSheetAndStaysAsItWas) {
+TEST_F(Properties, aDocumentThatCannotBeWrittenIsToldInTheSheetWhichStaysOpen) {
     std::filesystem::create_directory(folder.path() / "gone");
     const std::string area = path("gone/document.area");
     ASSERT_EQ(kolma({"devmode", "default", "press", "-o", area}).exitCode, 0);
     const std::string before = folder.content("gone/document.area");
     std::filesystem::permissions(area, std::filesystem::perms::owner_read);
-    const ProcessResult result =
-        play("type 1203 9\nanswer ok\nok\nexpect message \"*\"\n", {"press", "--devmode", area});
+    const ProcessResult result = play("type 1203 9\nanswer ok\nok\n"
+                                      "expect message \"*document.area*could not be written*022:003:*\"\n"
+                                      "expect title \"Document properties - press\"\n"
+                                      "expect 1203 text 9\nexpect apply enabled\ncancel\n",
+                                      {"press", "--devmode", area});
     EXPECT_EQ(result.exitCode, 3) << result.out;
     EXPECT_THAT(result.error, HasSubstr("could not be written"));
+    EXPECT_THAT(result.error, Not(HasSubstr("found:")));
     EXPECT_EQ(folder.content("gone/document.area"), before);
 }
 

@@ -134,6 +134,7 @@ TEST(PlayScript, aLineThatMeansNothingSaysWhatIsWrong) {
         {u"slide 5 1.5", "\"1.5\" is no number"},
         {u"slide 5 99999999999", "is no number"},
         {u"slide 5 0x-1", "is no number"},
+        {u"timeout 0", "a second at least"},
         {u"row 5 1,,2", "are no rows"},
         {u"row 5 -1", "are no rows"},
         {u"key Ctrl+", "no key \"\""},

@@ -15,7 +15,6 @@
 #include "tests/MessageBoxes.h"
 #include "tests/ModuleUnderTest.h"
 #include "tests/expectFailure.h"
-#include "tests/serviceDoubles.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -25,7 +24,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
-using testing::SizeIs;
 
 namespace {
 
@@ -236,12 +234,6 @@ TEST(SheetSession, aHostThatRefusesThePageIsAFailureAndMayTryAgain) {
     }
 }
 
-TEST(SheetSession, aCorruptStateOpensNothing) {
-    Host host(corruptArea());
-    EXPECT_THROW(host.initialize(), KolmaException);
-    EXPECT_EQ(host.page.lParam, 0) << "no page was added";
-}
-
 TEST(Page, isComposedOfWhatThePrinterCanDo) {
     Host host(areaThat(true));
     host.open();
@@ -332,29 +324,6 @@ TEST(Page, aFeatureThatFailsIsReportedAndTheSheetStaysOpen) {
                 host.setResult(CPSUI_OK);
                 EXPECT_EQ(copiesOf(host.area), when == When::validate ? 3 : 8) << what;
             }
-}
-
-TEST(Page, aMissingTextIsReportedEvenWhenItIsOneOfTheReportsOwn) {
-    for (const UINT missing : {UINT{IDS_OVERLAY_BASIC}, UINT{IDS_RESOURCE_FAILURE_HEADING}}) {
-        Host host(areaThat(true));
-        host.initialize();
-        const ServiceDouble<int(HINSTANCE, UINT, LPWSTR, int)> strings(
-            doubles::LoadStringW, [&](HINSTANCE module, UINT id, LPWSTR buffer, int size) {
-                if (id == missing || id == IDS_OVERLAY_BASIC) return 0;
-                const auto real = doubles::LoadStringW;
-                doubles::LoadStringW = nullptr;
-                const int length = LoadStringW(module, id, buffer, size);
-                doubles::LoadStringW = real;
-                return length;
-            });
-        const MessageBoxes boxes;
-        host.window = host.windows.openPage(host.page);
-        ASSERT_THAT(boxes.shown(), Not(IsEmpty()));
-        const ShownBox& box = boxes.shown().front();
-        EXPECT_THAT(box.text, HasSubstr("\r\n\r\n005:000:"));
-        EXPECT_THAT(box.text, HasSubstr("einstall the"));
-        EXPECT_EQ(box.title, missing == IDS_OVERLAY_BASIC ? "Kolma Job Settings" : "Kolma Printer Driver");
-    }
 }
 
 TEST(DialogProcedure, aMessageBeforeTheFirstFindsNobody) {

@@ -83,3 +83,9 @@ ControlKind kindOf(HWND window) {
 }
 
 std::u16string_view describe(ControlKind kind) { return words[static_cast<std::size_t>(kind)]; }
+
+std::u16string describeOne(ControlKind kind) {
+    const std::u16string_view word = describe(kind);
+    const bool isVowel = std::u16string_view(u"aeiou").find(word.front()) != std::u16string_view::npos;
+    return std::u16string(isVowel ? u"an " : u"a ").append(word);
+}

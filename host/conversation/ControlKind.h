@@ -27,8 +27,9 @@ enum class ControlKind {
 
 ControlKind kindOf(HWND window);
 
-// For a reader: "check box".
+// For a reader: "check box"; and "a check box".
 std::u16string_view describe(ControlKind kind);
+std::u16string describeOne(ControlKind kind);
 
 // The class of the window, in lower case.
 std::u16string classOf(HWND window);

@@ -1,22 +1,31 @@
 #include "host/conversation/ControlReader.h"
 
+#include "host/conversation/playNumbers.h"
 #include "host/conversation/windowTree.h"
 #include "jtcore/Services/formatMessage.h"
 #include "platform/controls.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace {
 
 using TextBuffer = std::array<WCHAR, 4096>;
 
+// The field whose number the arrows change: not every up-down is told of it.
+HWND fieldOf(HWND upDown) {
+    const auto buddy = reinterpret_cast<HWND>(SendMessageW(upDown, UDM_GETBUDDY, 0, 0)); // NOLINT
+    HWND before = buddy ? buddy : GetWindow(upDown, GW_HWNDPREV);
+    return before && kindOf(before) == ControlKind::edit ? before : nullptr;
+}
+
+} // namespace
+
 bool isMultiple(HWND listBox) {
     const auto style = static_cast<DWORD>(GetWindowLongW(listBox, GWL_STYLE));
     return (style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) != 0;
 }
-
-} // namespace
 
 bool ControlReader::hasItems() const noexcept {
     return kind_ == ControlKind::comboBox || kind_ == ControlKind::listBox || kind_ == ControlKind::listView ||
@@ -120,8 +129,10 @@ std::vector<int> ControlReader::selectedRows() const {
 }
 
 int ControlReader::position() const {
-    const UINT message = kind_ == ControlKind::slider ? TBM_GETPOS : UDM_GETPOS32;
-    return static_cast<int>(SendMessageW(control_, message, 0, 0));
+    if (kind_ == ControlKind::slider) return static_cast<int>(SendMessageW(control_, TBM_GETPOS, 0, 0));
+    const HWND field = fieldOf(control_);
+    const std::optional<int> number = field ? readPlayNumber(textOf(field)) : std::nullopt;
+    return number ? *number : static_cast<int>(SendMessageW(control_, UDM_GETPOS32, 0, 0));
 }
 
 CheckState ControlReader::checkState() const {

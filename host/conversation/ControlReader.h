@@ -8,6 +8,9 @@
 
 enum class CheckState { off, on, mixed };
 
+// Of a list box: whether several of its entries can be chosen.
+bool isMultiple(HWND listBox);
+
 class ControlReader {
 public:
     explicit ControlReader(HWND control) : control_(control), kind_(kindOf(control)) {}
@@ -21,13 +24,14 @@ public:
     std::u16string cell(int row, int column) const;
     // The rows that are chosen, in their order.
     std::vector<int> selectedRows() const;
+    // Of an up-down: the number in the field beside it.
     int position() const;
     // REQUIRES: a check box or radio button.
     CheckState checkState() const;
+    int countItems() const;
     bool hasItems() const noexcept;
 
 private:
-    int countItems() const;
     std::u16string itemText(int row) const;
     std::u16string entryText(UINT lengthMessage, UINT textMessage, int row) const;
     std::u16string tabTitle(int index) const;

@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <utility>
 
 namespace {
@@ -47,7 +48,7 @@ int indexOf(const ControlReader& reader, const std::u16string& name, std::u16str
 
 ControlReader navigationOf(HWND top) {
     const HWND list = findControl(top, {IDC_NAVIGATION_LIST, {}});
-    if (!list) throw PlayFailure(formatMessage(u"\"%s\" has no overlays", textOf(top)));
+    if (!list || !IsWindowVisible(list)) throw PlayFailure(formatMessage(u"\"%s\" shows no overlays", textOf(top)));
     return ControlReader(list);
 }
 
@@ -140,7 +141,7 @@ void ConversationPlayer::run(const PlayCommand& command, HWND top) {
         SendMessageW(top, WM_CLOSE, 0, 0);
         return;
     case PlayVerb::timeout_:
-        return limit_.set(std::chrono::seconds(std::max(command.numbers[0], 1)));
+        return limit_.set(std::chrono::seconds(command.numbers[0]));
     case PlayVerb::key_:
         if (command.control.isEmpty()) return pressKey(command.key);
         break;
@@ -201,7 +202,8 @@ void ConversationPlayer::meetMessageBox(HWND box) {
         return answerBox(box, current_->choice);
     }
     if (isNextAboutBoxes()) return runNext(box);
-    fail(current_, formatMessage(u"a message box that nobody expected: \"%s\"", foldBlanks(lastMessage_.text)));
+    fail(current_, formatMessage(u"a message box that nobody expected, \"%s\": \"%s\"", lastMessage_.title,
+                                 foldBlanks(lastMessage_.text)));
     dismissMessageBox(box);
 }
 
@@ -247,7 +249,7 @@ void ConversationPlayer::pressButton(HWND top, int id) {
 }
 
 void ConversationPlayer::takePicture(HWND top, const std::u16string& name) {
-    const std::u16string path = pictureFolder_.empty() ? name : pictureFolder_ + u'/' + name;
+    const std::u16string path = (std::filesystem::path(pictureFolder_) / name).u16string();
     if (!SaveWindowPicture(top, toWide(path)))
         throw PlayFailure(formatMessage(u"the picture \"%s\" could not be saved (error %u)", path, GetLastError()));
 }

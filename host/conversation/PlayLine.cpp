@@ -121,6 +121,7 @@ bool PlayLine::parseArgument(std::u16string_view kind) {
                                         Reader{u"text", &PlayLine::parseText},
                                         Reader{u"texts", &PlayLine::parseTexts},
                                         Reader{u"number", &PlayLine::parseNumber},
+                                        Reader{u"seconds", &PlayLine::parseSeconds},
                                         Reader{u"rows", &PlayLine::parseRows},
                                         Reader{u"state", &PlayLine::parseState},
                                         Reader{u"key", &PlayLine::parseKey},
@@ -181,6 +182,10 @@ bool PlayLine::parseNumber() {
     if (!number) return fail(formatMessage(u"\"%s\" is no number", word->text));
     command_.numbers.push_back(*number);
     return true;
+}
+
+bool PlayLine::parseSeconds() {
+    return parseNumber() && (command_.numbers.back() > 0 || fail(u"a script needs a second at least"));
 }
 
 bool PlayLine::parseRows() {

@@ -27,6 +27,7 @@ private:
     bool parseText();
     bool parseTexts();
     bool parseNumber();
+    bool parseSeconds();
     bool parseRows();
     bool parseState();
     bool parseKey();

@@ -13,7 +13,7 @@ namespace {
 constexpr int mostStates = 3; // of a button, which a click takes to the next
 
 [[noreturn]] void refuse(HWND control, std::u16string_view act) {
-    throw PlayFailure(formatMessage(u"a %s, which cannot be %s", describe(kindOf(control)), act));
+    throw PlayFailure(formatMessage(u"%s, which cannot be %s", describeOne(kindOf(control)), act));
 }
 
 void requireUsable(HWND control) {
@@ -33,6 +33,12 @@ std::u16string joined(const std::vector<std::u16string>& items) {
     return list.empty() ? std::u16string(u"nothing") : list;
 }
 
+void requireList(HWND control) {
+    const ControlReader reader(control);
+    if (!reader.hasItems() || reader.kind() == ControlKind::tabs) refuse(control, u"chosen from");
+    requireUsable(control);
+}
+
 int rowOf(HWND control, const std::u16string& text) {
     const std::vector<std::u16string> items = ControlReader(control).items();
     const auto found = std::find(items.begin(), items.end(), text);
@@ -45,6 +51,25 @@ void requireRow(HWND control, int row) {
     if (row >= static_cast<int>(count)) throw PlayFailure(formatMessage(u"there are %u rows", count));
 }
 
+// Where there is one choice it can be another, but not none and not two.
+bool takesOneRow(HWND control) {
+    return kindOf(control) == ControlKind::comboBox ||
+           (kindOf(control) == ControlKind::listBox && !isMultiple(control));
+}
+
+bool takesAnyRows(HWND control) {
+    const auto style = static_cast<DWORD>(GetWindowLongW(control, GWL_STYLE));
+    return !takesOneRow(control) && (kindOf(control) != ControlKind::listView || (style & LVS_SINGLESEL) == 0);
+}
+
+void requireRows(HWND control, const std::vector<int>& rows) {
+    for (const int row : rows)
+        requireRow(control, row);
+    if (takesOneRow(control) && rows.size() != 1)
+        throw PlayFailure(u"one row can be chosen there, no more and no less");
+    if (!takesAnyRows(control) && rows.size() > 1) throw PlayFailure(u"no more than one row can be chosen there");
+}
+
 // What a person's choice sends, which the message that sets it does not.
 void selectInCombo(HWND control, int row) {
     SendMessageW(control, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
@@ -53,9 +78,8 @@ void selectInCombo(HWND control, int row) {
 }
 
 void selectInListBox(HWND control, const std::vector<int>& rows) {
-    const auto style = static_cast<DWORD>(GetWindowLongW(control, GWL_STYLE));
-    if ((style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) == 0) {
-        SendMessageW(control, LB_SETCURSEL, rows.empty() ? static_cast<WPARAM>(-1) : static_cast<WPARAM>(rows[0]), 0);
+    if (!isMultiple(control)) {
+        SendMessageW(control, LB_SETCURSEL, static_cast<WPARAM>(rows[0]), 0);
     } else {
         SendMessageW(control, LB_SETSEL, FALSE, -1);
         for (const int row : rows)
@@ -97,6 +121,35 @@ void sendThumb(HWND slider, int position, WORD code) {
                  reinterpret_cast<LPARAM>(slider));
 }
 
+// One press of an arrow, as the control tells it: the parent may count for itself.
+void pressArrow(HWND upDown, bool isUp) {
+    int lower = 0;
+    int upper = 0;
+    SendMessageW(upDown, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&lower), reinterpret_cast<LPARAM>(&upper));
+    NMUPDOWN change{};
+    change.hdr = {upDown, static_cast<UINT_PTR>(GetDlgCtrlID(upDown)), static_cast<UINT>(UDN_DELTAPOS)};
+    change.iPos = static_cast<int>(SendMessageW(upDown, UDM_GETPOS32, 0, 0));
+    change.iDelta = isUp == (lower <= upper) ? 1 : -1;
+    const LRESULT isForbidden =
+        SendMessageW(GetParent(upDown), WM_NOTIFY, change.hdr.idFrom, reinterpret_cast<LPARAM>(&change));
+    if (isForbidden == 0) SendMessageW(upDown, UDM_SETPOS32, 0, change.iPos + change.iDelta);
+    const bool isLying = (static_cast<DWORD>(GetWindowLongW(upDown, GWL_STYLE)) & UDS_HORZ) != 0;
+    for (const WORD code : {SB_THUMBPOSITION, SB_ENDSCROLL})
+        SendMessageW(GetParent(upDown), isLying ? WM_HSCROLL : WM_VSCROLL, MAKEWPARAM(code, change.iPos),
+                     reinterpret_cast<LPARAM>(upDown));
+}
+
+void stepTo(HWND upDown, int position) {
+    const ControlReader reader(upDown);
+    for (int before = reader.position(); before != position;) {
+        pressArrow(upDown, position > before);
+        const int now = reader.position();
+        const bool isPast = position > before ? now > position : now < position;
+        if (now == before || isPast) throw PlayFailure(formatMessage(u"it goes to %d and not there", now));
+        before = now;
+    }
+}
+
 void releaseModifiers(const KeyStroke& key) {
     if (key.alt) keybd_event(VK_MENU, 0, KEYEVENTF_KEYUP, 0);
     if (key.shift) keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
@@ -124,9 +177,8 @@ void typeText(HWND control, const std::u16string& text) {
 }
 
 void chooseItem(HWND control, const std::u16string& text) {
-    requireUsable(control);
-    const int row = rowOf(control, text);
-    selectRows(control, {row});
+    requireList(control);
+    selectRows(control, {rowOf(control, text)});
 }
 
 void checkButton(HWND control, int state) {
@@ -152,10 +204,7 @@ void slideTo(HWND control, int position) {
     const ControlKind kind = kindOf(control);
     if (kind != ControlKind::slider && kind != ControlKind::upDown) refuse(control, u"slid");
     requireUsable(control);
-    if (kind == ControlKind::upDown) {
-        SendMessageW(control, UDM_SETPOS32, 0, position);
-        return;
-    }
+    if (kind == ControlKind::upDown) return stepTo(control, position);
     SendMessageW(control, TBM_SETPOS, TRUE, position);
     sendThumb(control, position, TB_THUMBTRACK);
     sendThumb(control, position, TB_THUMBPOSITION);
@@ -163,17 +212,15 @@ void slideTo(HWND control, int position) {
 }
 
 void selectRows(HWND control, const std::vector<int>& rows) {
-    const ControlReader reader(control);
-    if (!reader.hasItems() || reader.kind() == ControlKind::tabs) refuse(control, u"chosen from");
-    requireUsable(control);
-    for (const int row : rows)
-        requireRow(control, row);
-    if (reader.kind() == ControlKind::listView) {
-        selectInListView(control, rows);
-    } else if (reader.kind() == ControlKind::listBox) {
-        selectInListBox(control, rows);
-    } else {
-        selectInCombo(control, rows.empty() ? -1 : rows[0]);
+    requireList(control);
+    requireRows(control, rows);
+    switch (kindOf(control)) {
+    case ControlKind::listView:
+        return selectInListView(control, rows);
+    case ControlKind::listBox:
+        return selectInListBox(control, rows);
+    default:
+        return selectInCombo(control, rows[0]);
     }
 }
 

@@ -53,8 +53,6 @@ void expectItem(const std::u16string& pattern, bool isWanted, const ControlReade
 }
 
 void expectState(CheckState expected, const ControlReader& reader) {
-    if (reader.kind() != ControlKind::checkBox && reader.kind() != ControlKind::radioButton)
-        throw PlayFailure(formatMessage(u"a %s, which has no such state", describe(reader.kind())));
     static constexpr std::u16string_view words[] = {u"unchecked", u"checked", u"mixed"};
     const CheckState found = reader.checkState();
     expectThat(found == expected, words[static_cast<std::size_t>(found)]);
@@ -67,8 +65,47 @@ bool isUsable(HWND control) {
     return true;
 }
 
+[[noreturn]] void refuse(const ControlReader& reader, std::u16string_view lacking) {
+    throw PlayFailure(formatMessage(u"%s, which has no %s", describeOne(reader.kind()), lacking));
+}
+
+// What a control cannot have is no expectation that it could fail.
+void requireAspect(PlayAspect aspect, const ControlReader& reader) {
+    const ControlKind kind = reader.kind();
+    switch (aspect) {
+    case PlayAspect::items_:
+    case PlayAspect::item_:
+    case PlayAspect::noitem_:
+    case PlayAspect::count_:
+    case PlayAspect::rows_:
+        if (!reader.hasItems()) refuse(reader, u"rows");
+        break;
+    case PlayAspect::cell_:
+        if (kind != ControlKind::listView) refuse(reader, u"cells");
+        break;
+    case PlayAspect::position_:
+        if (kind != ControlKind::slider && kind != ControlKind::upDown) refuse(reader, u"position");
+        break;
+    case PlayAspect::checked_:
+    case PlayAspect::unchecked_:
+    case PlayAspect::mixed_:
+        if (kind != ControlKind::checkBox && kind != ControlKind::radioButton) refuse(reader, u"such state");
+        break;
+    default:
+        break;
+    }
+}
+
+void expectCell(const PlayCommand& command, const ControlReader& reader) {
+    const int row = command.numbers[0];
+    if (row < 0 || row >= reader.countItems())
+        throw PlayFailure(formatMessage(u"there are %d rows", reader.countItems()));
+    expectText(command.text(), reader.cell(row, command.numbers[1]));
+}
+
 void expectOf(HWND control, const PlayCommand& command) {
     const ControlReader reader(control);
+    requireAspect(command.aspect, reader);
     switch (command.aspect) {
     case PlayAspect::text_:
         return expectText(command.text(), reader.value());
@@ -79,9 +116,9 @@ void expectOf(HWND control, const PlayCommand& command) {
     case PlayAspect::noitem_:
         return expectItem(command.text(), false, reader);
     case PlayAspect::count_:
-        return expectNumber(command.numbers[0], static_cast<int>(reader.items().size()));
+        return expectNumber(command.numbers[0], reader.countItems());
     case PlayAspect::cell_:
-        return expectText(command.text(), reader.cell(command.numbers[0], command.numbers[1]));
+        return expectCell(command, reader);
     case PlayAspect::rows_:
         return expectThat(reader.selectedRows() == command.numbers, show(reader.selectedRows()));
     case PlayAspect::position_:

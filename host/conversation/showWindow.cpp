@@ -13,6 +13,9 @@
 
 namespace {
 
+// A text that is wider pushes what is behind it aside, in its own line only.
+constexpr std::size_t widestColumn = 44;
+
 struct Line {
     std::string id;
     std::string kind;
@@ -63,7 +66,8 @@ void pad(std::string& text, std::size_t width) { text.append(width - std::min(wi
 void align(std::vector<Line>& lines, std::string Line::*column) {
     std::size_t width = 0;
     for (const Line& line : lines)
-        width = std::max(width, columnsOf(line.*column));
+        if (const std::size_t columns = columnsOf(line.*column); columns <= widestColumn)
+            width = std::max(width, columns);
     for (Line& line : lines)
         pad(line.*column, width);
 }

@@ -11,7 +11,8 @@ constexpr DWORD mostItems = 1000;
 
 } // namespace
 
-OptionItems::OptionItems(IPrintOemUI& plugIn, DWORD mode, SheetSubject& subject) : heading_(subject.printerName) {
+OptionItems::OptionItems(IPrintOemUI& plugIn, DWORD mode, SheetSubject& subject)
+    : plugIn_(plugIn), mode_(mode), heading_(subject.printerName) {
     param_.cbSize = sizeof param_;
     param_.hPrinter = subject.printer;
     param_.pPrinterName = toWide(subject.printerName.data());
@@ -19,22 +20,34 @@ OptionItems::OptionItems(IPrintOemUI& plugIn, DWORD mode, SheetSubject& subject)
     param_.pPublicDM = subject.publicDevMode;
     param_.pOEMDM = subject.area;
     param_.dwFlags = subject.flags;
-    if (plugIn.CommonUIProp(mode, &param_) != S_OK || param_.cOEMOptItems > mostItems) param_.cOEMOptItems = 0;
-    if (isEmpty()) return;
-    items_.resize(param_.cOEMOptItems + 1);
-    items_[0].cbSize = sizeof(OPTITEM);
-    items_[0].pName = toWide(heading_.data());
-    param_.pOEMOptItems = items_.data() + 1;
-    if (plugIn.CommonUIProp(mode, &param_) != S_OK) param_.cOEMOptItems = 0;
+    if (!tell() || param_.cOEMOptItems > mostItems) param_.cOEMOptItems = 0;
 }
 
 OptionItems::~OptionItems() { HeapDestroy(param_.hOEMHeap); }
 
+bool OptionItems::tell() { return plugIn_.CommonUIProp(mode_, &param_) == S_OK; }
+
+// Who may not change anything can only look at them.
+bool OptionItems::fill() {
+    if (param_.cOEMOptItems == 0) return false;
+    items_.resize(param_.cOEMOptItems + 1);
+    items_[0].cbSize = sizeof(OPTITEM);
+    items_[0].pName = toWide(heading_.data());
+    param_.pOEMOptItems = items_.data() + 1;
+    if (!tell() || param_.cOEMOptItems == 0) return false;
+    if ((param_.dwFlags & DM_NOPERMISSION) != 0)
+        for (DWORD i = 0; i < param_.cOEMOptItems; ++i)
+            param_.pOEMOptItems[i].Flags |= OPTIF_DISABLED;
+    return true;
+}
+
 bool OptionItems::addPage(PROPSHEETUI_INFO& sheet, std::u16string title) {
+    if (!fill()) return false;
     title_ = std::move(title);
     page_.cbSize = sizeof page_;
     page_.pCallerName = toWide(title_.data());
     page_.pOptItemName = page_.pCallerName;
+    page_.Flags = (param_.dwFlags & DM_NOPERMISSION) == 0 ? CPSUIF_UPDATE_PERMISSION : WORD{0};
     page_.UserData = reinterpret_cast<ULONG_PTR>(this);
     page_.pfnCallBack = onItems;
     page_.pOptItem = items_.data();

@@ -18,19 +18,24 @@ struct SheetSubject {
 
 class OptionItems {
 public:
-    // Asks the plug-in for its items of that mode (OEMCUIP_...). There are none when it fails; it has said so then.
+    // Asks the plug-in how many items of that mode (OEMCUIP_...) it has. It borrows both for its life.
     OptionItems(IPrintOemUI& plugIn, DWORD mode, SheetSubject& subject);
     ~OptionItems();
     OptionItems(const OptionItems&) = delete;
     OptionItems& operator=(const OptionItems&) = delete;
 
-    bool isEmpty() const noexcept { return param_.cOEMOptItems == 0; }
-    // Adds the page with that title to the sheet. False when the sheet does not take it. REQUIRES: not empty.
+    // Has the plug-in fill them, and adds the page with that title to the sheet. False when there are none, when the
+    // plug-in fails, which has said so then, and when the sheet does not take the page. Called once.
     bool addPage(PROPSHEETUI_INFO& sheet, std::u16string title);
 
 private:
     static LONG CALLBACK onItems(PCPSUICBPARAM callback);
 
+    bool tell();
+    bool fill();
+
+    IPrintOemUI& plugIn_;
+    const DWORD mode_;
     OEMCUIPPARAM param_{};
     COMPROPSHEETUI page_{};
     std::u16string title_;

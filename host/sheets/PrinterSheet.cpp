@@ -1,12 +1,10 @@
 #include "host/sheets/PrinterSheet.h"
 
 #include "host/commandFailure.h"
-#include "jtcore/Services/catchSite.h"
-#include "resources/ids.h"
+
+#include <utility>
 
 namespace {
-
-constexpr CatchSite appliedSite{nullptr, IDS_CAPTION_DRIVER, u"PrinterSheet::takeResult()"};
 
 [[noreturn]] void raiseNotOpened(LONG answer, DWORD error) {
     if (error == ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION)
@@ -20,8 +18,8 @@ constexpr CatchSite appliedSite{nullptr, IDS_CAPTION_DRIVER, u"PrinterSheet::tak
 PrinterSheet::PrinterSheet(IPrintOemUI& plugIn, Kind kind, SheetSubject& subject)
     : plugIn_(plugIn),
       kind_(kind),
-      title_((kind == Kind::document ? u"Document properties - " : u"Printer properties - ") + subject.printerName),
-      items_(plugIn, kind == Kind::document ? OEMCUIP_DOCPROP : OEMCUIP_PRNPROP, subject) {
+      subject_(subject),
+      title_((kind == Kind::document ? u"Document properties - " : u"Printer properties - ") + subject.printerName) {
     OEMUIPSPARAM& param = plugInParam_.published;
     param.cbSize = sizeof param;
     param.hPrinter = subject.printer;
@@ -30,6 +28,7 @@ PrinterSheet::PrinterSheet(IPrintOemUI& plugIn, Kind kind, SheetSubject& subject
     param.pOEMDM = subject.area;
     param.dwFlags = subject.flags;
     plugInParam_.sheet = this;
+    page_.onAnswered = [this](bool isAccepted) { return endApply(isAccepted); };
 }
 
 bool PrinterSheet::run() {
@@ -38,8 +37,8 @@ bool PrinterSheet::run() {
     const LONG answer = CommonPropertySheetUIW(nullptr, onSheet, reinterpret_cast<LPARAM>(this), &result);
     const DWORD error = GetLastError();
     if (failure_) std::rethrow_exception(failure_);
-    if (hasFailed_)
-        raise<InWords<UnknownCaseException>>(u"The driver module could not open its page or give its settings back.");
+    if (hasNoPage_) raise<InWords<UnknownCaseException>>(u"The driver module could not open its page.");
+    if (hasNoResult_) raise<InWords<UnknownCaseException>>(u"The driver module could not give its settings back.");
     if (answer < 0) raiseNotOpened(answer, error);
     return hasApplied_;
 }
@@ -66,14 +65,16 @@ void PrinterSheet::fillHeader(PROPSHEETUI_INFO_HEADER& header) {
     if (onOpen) onOpen();
 }
 
-// What a document's sheet is opened for comes first.
+// The plug-in is asked for the number of its items first. What a document's sheet is opened for is the first page, and
+// where that does not come there is nothing to fill them for.
 bool PrinterSheet::addPages(PROPSHEETUI_INFO& info) {
+    items_.emplace(plugIn_, kind_ == Kind::document ? OEMCUIP_DOCPROP : OEMCUIP_PRNPROP, subject_);
     const LONG_PTR group =
         info.pfnComPropSheet(info.hComPropSheet, CPSFUNC_ADD_PFNPROPSHEETUIW, reinterpret_cast<LPARAM>(onPlugIn),
                              reinterpret_cast<LPARAM>(&plugInParam_));
-    if (group <= 0) hasFailed_ = true;
-    const bool hasItems = !items_.isEmpty() && items_.addPage(info, kind_ == Kind::document ? u"Editing" : u"Device");
-    return group > 0 && (hasItems || kind_ == Kind::document);
+    hasNoPage_ = group <= 0 ||
+                 (!items_->addPage(info, kind_ == Kind::document ? u"Editing" : u"Device") && kind_ == Kind::device);
+    return !hasNoPage_;
 }
 
 LONG CALLBACK PrinterSheet::onPlugIn(PPROPSHEETUI_INFO info, LPARAM lParam) {
@@ -82,22 +83,36 @@ LONG CALLBACK PrinterSheet::onPlugIn(PPROPSHEETUI_INFO info, LPARAM lParam) {
 
 LONG PrinterSheet::runPlugIn(PROPSHEETUI_INFO& info, LPARAM lParam) {
     if (kind_ == Kind::device) return plugIn_.DevicePropertySheets(&info, lParam) == S_OK ? 1 : -1;
+    if (info.Reason != PROPSHEETUI_REASON_INIT) return runDocumentSheet(info, lParam);
+    PROPSHEETUI_INFO watched = info;
+    page_.isRefused = refusesPage;
+    page_.watch(watched);
+    return runDocumentSheet(watched, lParam);
+}
+
+LONG PrinterSheet::runDocumentSheet(PROPSHEETUI_INFO& info, LPARAM lParam) {
     const HRESULT answer = plugIn_.DocumentPropertySheets(&info, lParam);
-    if (info.Reason == PROPSHEETUI_REASON_SET_RESULT && answer <= 0) hasFailed_ = true;
+    if (info.Reason == PROPSHEETUI_REASON_SET_RESULT) hasNoResult_ = answer <= 0;
     return answer;
 }
 
 void PrinterSheet::takeResult(PROPSHEETUI_INFO& info, const SETRESULT_INFO& result) {
     info.Result = static_cast<ULONG_PTR>(result.Result);
     if (result.Result != CPSUI_OK) return;
-    hasApplied_ = true;
-    runAtCatchSite(appliedSite, false, [this] {
-        try {
-            if (onApplied) onApplied();
-        } catch (...) {
-            if (!failure_) failure_ = std::current_exception();
-            throw;
-        }
-        return true;
-    });
+    isWaiting_ = page_.isApplying();
+    if (!isWaiting_) keep();
+}
+
+bool PrinterSheet::endApply(bool isAccepted) { return !std::exchange(isWaiting_, false) || !isAccepted || keep(); }
+
+bool PrinterSheet::keep() {
+    failure_ = nullptr; // what failed before may be mended by now
+    try {
+        if (onApplied) onApplied();
+        hasApplied_ = true;
+    } catch (const std::exception& failure) {
+        failure_ = std::current_exception();
+        showFailure(failure);
+    }
+    return !failure_;
 }
