@@ -1,6 +1,7 @@
 #include "plugin_ui/showLimitationsDialog.h"
 
 #include "jtcore/Services/ResourceLibrary.h"
+#include "platform/controls.h"
 #include "platform/modules.h"
 #include "platform/windows.h"
 #include "plugin_ui/hostBoundary.h"
@@ -37,11 +38,19 @@ void fill(HWND window, const LimitationsReport& report) {
         leaveOneButton(window);
 }
 
+// The keys that scroll go to the report, which begins at its beginning; left to itself a dialog marks the whole of it.
+void startReading(HWND window) {
+    const HWND text = GetDlgItem(window, IDC_LIMITATIONS_REPORT);
+    SetFocus(text);
+    SendMessageW(text, EM_SETSEL, 0, 0);
+}
+
 bool answer(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(window, GWLP_USERDATA, lParam);
         fill(window, *reinterpret_cast<const LimitationsReport*>(lParam));
-        return true;
+        startReading(window);
+        return false; // it has the focus
     }
     if (message != WM_COMMAND) return false;
     const WORD id = LOWORD(wParam);

@@ -78,12 +78,17 @@ public:
     bool isTicked(std::uint16_t id) const { return IsDlgButtonChecked(window_, id) == BST_CHECKED; }
 
     void click(std::uint16_t id) const { send(id, BM_CLICK); }
-    // Puts a text in the place of what the field holds, as the clipboard does: no key is filtered.
+    // Puts a text in the place of what the field holds, or of what is selected there: no key is filtered.
     void paste(std::uint16_t id, const std::u16string& text) const {
         send(id, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(toWide(text)));
     }
+    void insert(std::uint16_t id, const std::u16string& text) const {
+        send(id, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(toWide(text)));
+    }
     void select(std::uint16_t id, int start, int end) const { send(id, EM_SETSEL, static_cast<WPARAM>(start), end); }
     void press(std::uint16_t id, char16_t key) const { send(id, WM_CHAR, key, 1); }
+    // A key that is no character, such as VK_DOWN.
+    void pressKey(std::uint16_t id, WPARAM key) const { send(id, WM_KEYDOWN, key, 1); }
     // Key by key in the place of what the field holds.
     void type(std::uint16_t id, std::u16string_view keys) const {
         select(id, 0, -1);

@@ -9,11 +9,13 @@
 #include "plugin_ui/Controls/ListBoxUIControl.h"
 #include "plugin_ui/Controls/ListViewUIControl.h"
 #include "plugin_ui/Controls/NumberBoxUIControl.h"
+#include "plugin_ui/Controls/OwndrwPushButtonUIControl.h"
 #include "plugin_ui/Controls/PushButtonUIControl.h"
 #include "plugin_ui/Controls/RadioButtonUIControl.h"
 #include "plugin_ui/Controls/SliderUIControl.h"
 #include "plugin_ui/Controls/StaticUIControl.h"
 #include "plugin_ui/Controls/TextBoxUIControl.h"
+#include "plugin_ui/Controls/paintBitmap.h"
 #include "plugin_ui/Observer.h"
 #include "resources/ids.h"
 #include "tests/memoryDialog.h"
@@ -41,7 +43,9 @@ enum Id : std::uint16_t {
     track,
     combo,
     list,
-    table
+    table,
+    drawnButton,
+    otherDrawnButton
 };
 
 const std::vector<DialogItem>& items() {
@@ -60,6 +64,8 @@ const std::vector<DialogItem>& items() {
         {u"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, combo},
         {u"LISTBOX", LBS_NOTIFY | WS_TABSTOP, list},
         {u"SysListView32", LVS_REPORT | WS_TABSTOP, table},
+        {u"BUTTON", BS_OWNERDRAW | WS_TABSTOP, drawnButton},
+        {u"BUTTON", BS_OWNERDRAW | WS_TABSTOP, otherDrawnButton},
     };
     return all;
 }
@@ -173,6 +179,93 @@ TEST_F(UiControls, aPushButtonTellsOfEachClick) {
     EXPECT_EQ(counter.take(), 0);
 }
 
+// What is drawn into a small bitmap, as its colours.
+class Canvas {
+public:
+    Canvas() : context_(CreateCompatibleDC(nullptr)), bitmap_(CreateCompatibleBitmap(context_, side, side)) {
+        SelectObject(context_, bitmap_);
+        Rectangle(context_, -1, -1, side + 1, side + 1);
+    }
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    ~Canvas() {
+        DeleteDC(context_);
+        DeleteObject(bitmap_);
+    }
+    HDC context() const { return context_; }
+    std::vector<COLORREF> colours() const {
+        std::vector<COLORREF> all;
+        for (int place = 0; place < side * side; ++place)
+            all.push_back(GetPixel(context_, place % side, place / side));
+        return all;
+    }
+    static constexpr int side = 24;
+
+private:
+    HDC context_;
+    HBITMAP bitmap_;
+};
+
+TEST_F(UiControls, aDrawnButtonShowsItsStateAndWhereTheKeyboardIs) {
+    auto& button = show<OwndrwPushButtonUIControl>(drawnButton, IDB_LOAD_TICKET, IDB_LOAD_TICKET_PRESSED,
+                                                   IDB_FINISHING_BUTTON_DISABLED);
+    show<OwndrwPushButtonUIControl>(otherDrawnButton, IDB_DEFAULTS, IDB_DEFAULTS_PRESSED, IDB_DEFAULTS);
+    const auto drawn = [&](std::uint16_t id, UINT action, UINT state) {
+        const Canvas canvas;
+        DRAWITEMSTRUCT request{};
+        request.CtlType = ODT_BUTTON;
+        request.CtlID = id;
+        request.itemAction = action;
+        request.itemState = state;
+        request.hwndItem = hands.item(id);
+        request.hDC = canvas.context();
+        request.rcItem = {0, 0, Canvas::side, Canvas::side};
+        SendMessageW(hands.window(), WM_DRAWITEM, id, reinterpret_cast<LPARAM>(&request));
+        return canvas.colours();
+    };
+    const auto painted = [&](std::uint16_t bitmapId) {
+        const Canvas canvas;
+        if (bitmapId != 0) paintBitmap(canvas.context(), hands.item(drawnButton), bitmapId);
+        return canvas.colours();
+    };
+    const struct {
+        std::uint16_t id;
+        UINT action;
+        UINT state;
+        std::uint16_t bitmapId;
+    } rows[] = {
+        {drawnButton, ODA_DRAWENTIRE, 0, IDB_LOAD_TICKET},
+        {drawnButton, ODA_SELECT, ODS_SELECTED, IDB_LOAD_TICKET_PRESSED},
+        {drawnButton, ODA_DRAWENTIRE, ODS_SELECTED | ODS_DISABLED, IDB_LOAD_TICKET_PRESSED},
+        {drawnButton, ODA_DRAWENTIRE, ODS_DISABLED, IDB_FINISHING_BUTTON_DISABLED},
+        {otherDrawnButton, ODA_DRAWENTIRE, 0, IDB_DEFAULTS},
+        {otherDrawnButton, ODA_SELECT, ODS_SELECTED, IDB_DEFAULTS_PRESSED},
+    };
+    EXPECT_FALSE(painted(IDB_LOAD_TICKET) == painted(IDB_LOAD_TICKET_PRESSED));
+    for (const auto& row : rows)
+        EXPECT_TRUE(drawn(row.id, row.action, row.state) == painted(row.bitmapId)) << row.bitmapId;
+    EXPECT_FALSE(drawn(drawnButton, ODA_DRAWENTIRE, ODS_FOCUS) == painted(IDB_LOAD_TICKET)) << "the keyboard is here";
+    EXPECT_FALSE(drawn(drawnButton, ODA_FOCUS, 0) == painted(0)) << "the keyboard has left";
+    tell(UIM_LOCK);
+    hands.click(drawnButton);
+    EXPECT_EQ(counter.take(), 1) << "pressable in a read-only session";
+    const HWND item = hands.item(drawnButton);
+    LRESULT result = 0;
+    button.processMessage({hands.window(), WM_DESTROY, 0, 0}, result);
+    for (const char16_t* name : {u"SC_ID", u"SC_DN_ID", u"SC_DSBL_ID"})
+        EXPECT_EQ(GetPropW(item, toWide(name)), nullptr) << toUtf8(name);
+}
+
+TEST_F(UiControls, aCheckBoxTakesAnotherLabelAtOnceAndInTheNextShowing) {
+    auto& control = show<CheckBoxUIControl>(box);
+    EXPECT_EQ(hands.text(box), u"Box");
+    control.setLabelId(IDS_UNIT_INCHES);
+    const std::u16string label = hands.text(box);
+    EXPECT_NE(label, u"Box");
+    open();
+    EXPECT_EQ(hands.text(box), label);
+}
+
 TEST_F(UiControls, aCheckBoxTellsOfChangesByTheUserAlone) {
     auto& control = show<CheckBoxUIControl>(box);
     control.setChecked(true);
@@ -224,8 +317,43 @@ TEST_F(UiControls, aTextThatIsSetIsNoEditEvenWhereItIsTooLong) {
     EXPECT_EQ(counter.take(), 0);
     EXPECT_EQ(control.getText(), u"a long name of a job");
     EXPECT_EQ(hands.text(field), u"a long name of a job");
-    hands.paste(field, u"another long name");
-    EXPECT_EQ(control.getText(), u"anoth");
+    hands.select(field, 20, 20);
+    hands.press(field, u'\b');
+    EXPECT_EQ(control.getText(), u"a lon");
+    EXPECT_EQ(hands.text(field), u"a lon") << "what is kept is shown";
+    EXPECT_EQ(counter.take(), 1);
+}
+
+TEST_F(UiControls, whatIsPastedIsWhatCouldHaveBeenTyped) {
+    auto& text = show<TextBoxUIControl>(label, field, std::uint16_t{0}, 20, false);
+    text.setTextType(TextBoxType::customName);
+    hands.insert(field, u"light red-2");
+    EXPECT_EQ(hands.text(field), u"lightred2");
+    EXPECT_EQ(text.getText(), u"lightred2");
+    EXPECT_EQ(counter.take(), 1);
+    hands.select(field, 0, 5);
+    hands.insert(field, u"?!");
+    EXPECT_EQ(hands.text(field), u"lightred2") << "nothing came in, nothing has gone";
+    EXPECT_EQ(hands.send(field, EM_GETSEL), MAKELONG(0, 5));
+    hands.insert(field, u"d-a-r-k-");
+    EXPECT_EQ(hands.text(field), u"darkred2");
+    EXPECT_EQ(hands.send(field, EM_GETSEL), MAKELONG(4, 4)) << "the caret stands behind it";
+    EXPECT_EQ(counter.take(), 1);
+
+    startAfresh();
+    auto& number = show<NumberBoxUIControl>(field, std::uint16_t{0}, true);
+    number.setRange(1, 999);
+    number.setValue(12);
+    for (const char16_t* pasted : {u"1,5", u"12 pages", u"-"}) {
+        hands.select(field, 2, 2);
+        hands.insert(field, pasted);
+        EXPECT_EQ(toUtf8(hands.text(field)), "12") << toUtf8(pasted);
+    }
+    EXPECT_EQ(counter.take(), 0);
+    hands.select(field, 0, -1);
+    hands.insert(field, u" 345 ");
+    EXPECT_EQ(number.getValue(), 345);
+    EXPECT_EQ(hands.text(field), u"345");
     EXPECT_EQ(counter.take(), 1);
 }
 
@@ -307,6 +435,25 @@ TEST_F(UiControls, aNumberOutOfRangeLivesUntilTheFieldIsLeft) {
         hands.leave(field);
         EXPECT_EQ(toUtf8(hands.text(field)), toUtf8(row.left)) << toUtf8(row.typed);
         EXPECT_EQ(counter.take(), row.notifications) << toUtf8(row.typed);
+    }
+}
+
+TEST_F(UiControls, aNumberOutOfRangeIsBroughtBackWhenItsDialogIsAcceptedToo) {
+    auto& control = show<NumberBoxUIControl>(field, std::uint16_t{0}, true);
+    control.setRange(1, 100);
+    control.setValue(500);
+    ShowWindow(hands.window(), SW_SHOW);
+    for (const UINT question : {UIM_VALIDATE_ENTRY, UIM_VALIDATE_SAVE}) {
+        SetFocus(hands.item(box));
+        control.setValue(500);
+        counter.take();
+        tell(question);
+        EXPECT_EQ(control.getValue(), 500) << "the document's number, which nobody has touched";
+        SetFocus(hands.item(field));
+        EXPECT_FALSE(tell(question) != 0);
+        EXPECT_EQ(GetWindowLongPtrW(hands.window(), DWLP_MSGRESULT), entriesValid);
+        EXPECT_EQ(hands.text(field), u"100");
+        EXPECT_EQ(counter.take(), 1);
     }
 }
 
@@ -501,6 +648,38 @@ TEST_F(UiControls, aTableTellsAClickFromADoubleClickAndIgnoresItsEmptyArea) {
     EXPECT_EQ(watcher.seen, u"single double ");
     hands.command(table, 0);
     EXPECT_FALSE(control.wasDoubleClicked());
+}
+
+TEST_F(UiControls, aTableTellsOfKeysOnceAndNotOfWhatTheProgramSelects) {
+    auto& control = show<ListViewUIControl>(table);
+    control.addColumn(0, 80, u"Name");
+    for (const char16_t* name : {u"Apple", u"Banana", u"Cherry"})
+        control.setCellText(control.addRow(), 0, name);
+    hands.send(table, WM_SETFOCUS);
+    EXPECT_EQ(counter.take(), 0) << "a first row with the focus is not chosen";
+    control.selectRow(0);
+    EXPECT_EQ(counter.take(), 0);
+    hands.send(table, WM_SETFOCUS);
+    EXPECT_EQ(counter.take(), 1) << "a chosen row is";
+    hands.pressKey(table, VK_DOWN);
+    EXPECT_EQ(control.getCurrentRow(), 1);
+    EXPECT_EQ(control.nextSelectedRow(0), 1);
+    EXPECT_EQ(counter.take(), 1) << "one row lost, another one gained";
+    hands.press(table, u'c');
+    EXPECT_EQ(control.getCurrentRow(), 2);
+    EXPECT_EQ(counter.take(), 1);
+    hands.pressKey(table, VK_DOWN);
+    EXPECT_EQ(counter.take(), 0) << "there is no further row";
+    control.setCheckBoxes(true);
+    hands.pressKey(table, VK_SPACE);
+    EXPECT_TRUE(control.isRowChecked(2));
+    EXPECT_EQ(counter.take(), 1);
+    control.setRowChecked(2, false);
+    control.deleteAllRows();
+    EXPECT_EQ(counter.take(), 0);
+    const LONG_PTR own = GetWindowLongPtrW(hands.item(table), GWLP_WNDPROC);
+    tree_->removeChildObject(control);
+    EXPECT_NE(GetWindowLongPtrW(hands.item(table), GWLP_WNDPROC), own) << "the table has its own procedure back";
 }
 
 // The dialog's own point for a mouse message.

@@ -4,6 +4,7 @@
 #include "plugin_ui/Controls/bitmapLayout.h"
 #include "plugin_ui/Controls/keyFilter.h"
 #include "plugin_ui/Controls/numberText.h"
+#include "plugin_ui/Controls/pastedText.h"
 #include "plugin_ui/Controls/spinArithmetic.h"
 #include "resources/ids.h"
 
@@ -79,7 +80,7 @@ TEST(UiEntry, numberBoxesTakeOnlyKeysThatMakeANumber) {
         {signedInteger, {u"|123", u'-', 3, false}},
         {signedInteger, {u"12|", u'3', 3, true}},
         {signedInteger, {u"|", u'3', 0, false}},
-        // keys that add no text pass, and pasted text is not looked at, so it does not
+        // keys that add no text pass; the key that pastes goes its own way
         {unsignedInteger, {u"123|", backspace, 3, true}},
         {unsignedInteger, {u"123|", escape, 3, true}},
         {unsignedInteger, {u"[12]3", copyKey, 3, true}},
@@ -113,6 +114,62 @@ TEST(UiEntry, textBoxesTakeTheKeysOfTheirType) {
     EXPECT_TRUE(acceptsTextKey(any, u'x', parseField(u"ab[c]"), 3));
     EXPECT_TRUE(acceptsTextKey(customName, backspace, parseField(u"abc|"), 3));
     EXPECT_THROW(acceptsTextKey(TextBoxType{}, u'x', {}, 3), UnknownCaseException);
+}
+
+TEST(UiEntry, whatAnEditPutInIsFoundWithWhatItReplaced) {
+    struct Row {
+        std::u16string before, after, field, inserted;
+    };
+    for (const Row& row : std::vector<Row>{{u"", u"12", u"|", u"12"},
+                                           {u"14", u"1234", u"1|4", u"23"},
+                                           {u"1234", u"14", u"1[23]4", u""},
+                                           {u"a bc", u"a xyc", u"a [b]c", u"xy"},
+                                           {u"11", u"111", u"11|", u"1"},
+                                           {u"abab", u"ab", u"ab[ab]", u""},
+                                           {u"same", u"same", u"same|", u""},
+                                           {u"all", u"", u"[all]", u""}}) {
+        const EntryState expected = parseField(row.field);
+        const FieldEdit edit = findEdit(row.before, row.after);
+        EXPECT_TRUE(edit.inserted == row.inserted && edit.field.selectionStart == expected.selectionStart &&
+                    edit.field.selectionEnd == expected.selectionEnd && edit.field.text == row.before)
+            << toUtf8(row.before) << " -> " << toUtf8(row.after) << ": \"" << toUtf8(edit.inserted) << "\" for "
+            << edit.field.selectionStart << " to " << edit.field.selectionEnd;
+    }
+}
+
+TEST(UiEntry, pastedTextIsHeldToTheKeysOfItsField) {
+    struct Row {
+        std::u16string field, pasted, admitted;
+    };
+    const auto expectAll = [](const char* name, const std::vector<Row>& rows, auto admit) {
+        for (const Row& row : rows)
+            EXPECT_EQ(toUtf8(admit(FieldEdit{parseField(row.field), row.pasted})), toUtf8(row.admitted))
+                << name << ": \"" << toUtf8(row.pasted) << "\" into " << toUtf8(row.field);
+    };
+    const auto number = [](NumberBoxType type) {
+        return [type](const FieldEdit& edit) { return admitNumber(type, edit, 4); };
+    };
+    const auto text = [](TextBoxType type, bool hasLines) {
+        return [type, hasLines](const FieldEdit& edit) { return admitText(type, edit, 8, hasLines); };
+    };
+    expectAll("signed",
+              {{u"|", u"-12", u"-12"},
+               {u"|", u" 12\r\n", u"12"},
+               {u"|", u"1,5", u""},
+               {u"|", u"3-5", u""},
+               {u"1|", u"-2", u""},
+               {u"[-1]2", u"-3", u"-3"},
+               {u"123|", u"45", u""}, // cut to four digits it were another number
+               {u"[1234]", u"5678", u"5678"},
+               {u"1|", u"\x08", u""}},
+              number(NumberBoxType::signedInteger));
+    expectAll("decimal", {{u"|", u"1.25", u"1.25"}, {u"1.[2]", u".5", u""}, {u"1[.]2", u".", u"."}},
+              number(NumberBoxType::decimal));
+    expectAll("custom name",
+              {{u"|", u"light red", u"lightred"}, {u"abc|", u"!?", u""}, {u"abc[de]f", u"123456789", u"1234"}},
+              text(TextBoxType::customName, false));
+    expectAll("any", {{u"|", u"a\tb\r\nc\x01", u"abc"}}, text(TextBoxType::any, false));
+    expectAll("any, several lines", {{u"|", u"a\tb\r\nc\x01", u"a\tb\r\nc"}}, text(TextBoxType::any, true));
 }
 
 TEST(UiEntry, aFieldsTextIsReadAsANumber) {

@@ -43,6 +43,7 @@ const std::vector<DialogItem>& items() {
         {u"BUTTON", radio, IDC_PAGES_RANGE},
         {u"EDIT", edit | WS_GROUP, IDC_PAGES_FIRST_EDIT},
         {u"EDIT", edit, IDC_PAGES_LAST_EDIT},
+        {u"STATIC", 0, IDC_PAGES_NOTE},
         {u"BUTTON", BS_AUTOCHECKBOX, IDC_OFFSET_CHECK},
         {u"STATIC", 0, IDC_OFFSET_PICTURE},
         {u"EDIT", edit, IDC_SUBSET_EDIT},
@@ -224,6 +225,30 @@ TEST_F(UiFeatures, aPageRangeIsReadWrittenAndTakenAway) {
     hands.type(IDC_PAGES_LAST_EDIT, u"9");
     hands.click(IDC_PAGES_RANGE);
     EXPECT_EQ(job(), "page-ranges=1setOf[value=rangeOfInteger[lower-bound=8 upper-bound=9]]") << "what the boxes show";
+}
+
+TEST_F(UiFeatures, allPagesTakesAwayEveryRangeOfTheJob) {
+    add<PageRangeUIFeature>();
+    open(list().set(u"page-ranges", list().range(u"value", 3, 5).range(u"value", 7, 9)));
+    EXPECT_TRUE(hands.isTicked(IDC_PAGES_RANGE));
+    hands.type(IDC_PAGES_FIRST_EDIT, u"4");
+    EXPECT_EQ(job(), "page-ranges=1setOf[value=rangeOfInteger[lower-bound=4 upper-bound=5] "
+                     "value=rangeOfInteger[lower-bound=7 upper-bound=9]]");
+    EXPECT_EQ(hands.text(IDC_PAGES_NOTE), ResourceLibrary().getString(IDS_PAGES_FURTHER)) << "one range is shown";
+    hands.click(IDC_PAGES_ALL);
+    EXPECT_EQ(job(), "");
+    EXPECT_EQ(hands.text(IDC_PAGES_NOTE), u"");
+}
+
+TEST_F(UiFeatures, aRangeThatEndsBeforeItBeginsIsKeptAndSaidToBeSo) {
+    add<PageRangeUIFeature>();
+    open(list().set(u"page-ranges", list().range(u"value", 3, 9)));
+    EXPECT_EQ(hands.text(IDC_PAGES_NOTE), u"");
+    hands.type(IDC_PAGES_FIRST_EDIT, u"12");
+    EXPECT_EQ(job(), "page-ranges=1setOf[value=rangeOfInteger[lower-bound=12 upper-bound=9]]");
+    EXPECT_EQ(hands.text(IDC_PAGES_NOTE), ResourceLibrary().getString(IDS_PAGES_REVERSED));
+    hands.type(IDC_PAGES_LAST_EDIT, u"12");
+    EXPECT_EQ(hands.text(IDC_PAGES_NOTE), u"");
 }
 
 TEST_F(UiFeatures, aCheckBoxFeatureHasASecondBoxForNotSet) {
@@ -523,8 +548,9 @@ TEST_F(UiKeyWordLists, aTypedValueTakesThePlaceOfTheInvitation) {
 
 TEST_F(UiKeyWordLists, cancelLeavesTheSettingAndShowsItAgain) {
     showList(list().keyword(u"color-emulation", u"swop"));
-    inNextDialog([](const DialogHands& dialog) {
+    inNextDialog([this](const DialogHands& dialog) {
         ASSERT_NE(dialog.window(), nullptr);
+        EXPECT_EQ(chosen(), swop) << "the setting, behind the dialog too";
         EXPECT_EQ(dialog.text(IDC_CUSTOM_ENTRY_EDIT), u"");
         EXPECT_FALSE(dialog.isEnabled(IDOK)) << "there is nothing to accept";
         dialog.type(IDC_CUSTOM_ENTRY_EDIT, std::u16string(300, u'x'));

@@ -108,20 +108,21 @@ LRESULT CALLBACK BitmapUIControl::windowProc(HWND item, UINT message, WPARAM wPa
                                 [&] { return answer(item, message, wParam, lParam); });
 }
 
+// An observer may close the dialog, and the item with it.
 LRESULT BitmapUIControl::answer(HWND item, UINT message, WPARAM wParam, LPARAM lParam) {
+    const WNDPROC own = replacedProcedure(item);
     if (message == WM_PAINT) {
-        const LRESULT painted = callReplacedProcedure(item, message, wParam, lParam);
+        const LRESULT painted = CallWindowProcW(own, item, message, wParam, lParam);
         paintBitmap(item, static_cast<std::uint16_t>(getProperty(item, property::bitmap)));
         return painted;
     }
-    BitmapUIControl* const control = controlOf(item);
-    if (message == WM_DESTROY) {
-        const WNDPROC own = replacedProcedure(item);
-        if (control) control->release();
-        return CallWindowProcW(own, item, message, wParam, lParam);
+    if (BitmapUIControl* const control = controlOf(item)) {
+        if (message == WM_DESTROY)
+            control->release();
+        else
+            control->handleMouse(item, message);
     }
-    if (control) control->handleMouse(item, message);
-    return callReplacedProcedure(item, message, wParam, lParam);
+    return CallWindowProcW(own, item, message, wParam, lParam);
 }
 
 void BitmapUIControl::handleMouse(HWND item, UINT message) {

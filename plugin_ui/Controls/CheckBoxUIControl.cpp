@@ -15,6 +15,11 @@ void CheckBoxUIControl::displayControl() {
     CheckDlgButton(getWindow(), itemId_, static_cast<UINT>(checked_ ? BST_CHECKED : BST_UNCHECKED));
 }
 
+void CheckBoxUIControl::setLabelId(std::uint16_t stringId) {
+    labelId_ = stringId;
+    if (getWindow()) initializeControl();
+}
+
 void CheckBoxUIControl::initializeControl() {
     if (labelId_ != 0) SetDlgItemTextW(getWindow(), itemId_, toWide(ResourceLibrary().getString(labelId_)));
 }

@@ -10,8 +10,8 @@ public:
     void setChecked(bool checked);
     bool isChecked() const noexcept { return checked_; }
 
-    // 0 leaves the template's text.
-    void setLabelId(std::uint16_t stringId) override { labelId_ = stringId; }
+    // 0 leaves the text that stands there. Raises what the resource module raises.
+    void setLabelId(std::uint16_t stringId) override;
     void displayControl() override;
     // Raises what the resource module raises.
     void initializeControl() override;

@@ -75,7 +75,10 @@ void ComboBoxUIControl::setTextLimit(std::uint32_t limit) {
 
 void ComboBoxUIControl::displayControl() { setCurrentIndex(findData(selectedData_)); }
 
-void ComboBoxUIControl::initializeControl() { widestText_ = 0; }
+void ComboBoxUIControl::initializeControl() {
+    widestText_ = 0;
+    if (textLimit_ != 0) send(CB_LIMITTEXT, textLimit_);
+}
 
 bool ComboBoxUIControl::handleControlMessage(const UIMessage& message, LRESULT&) {
     if (isCommand(message, comboId_, CBN_SELCHANGE)) {

@@ -1,6 +1,9 @@
 #include "plugin_ui/Controls/ListViewUIControl.h"
 
+#include "jtcore/Services/quietly.h"
 #include "platform/list_view.h"
+#include "plugin_ui/Controls/subclassing.h"
+#include "plugin_ui/Controls/windowProperties.h"
 
 #include <array>
 
@@ -10,6 +13,8 @@ constexpr DWORD tableStyle = LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT;
 constexpr UINT rowParts = LVIF_TEXT | LVIF_PARAM | LVIF_STATE;
 constexpr UINT unchecked = 1;
 constexpr UINT checked = 2;
+
+constexpr UINT choices = LVIS_SELECTED | LVIS_STATEIMAGEMASK;
 
 constexpr UINT checkState(UINT image) { return image << 12; }
 
@@ -24,6 +29,10 @@ LVITEMW itemAt(int row, int column) {
 
 ListViewUIControl::ListViewUIControl(std::uint16_t listId) : UIControl(listId), listId_(listId) {
     addControlId(listId);
+}
+
+ListViewUIControl::~ListViewUIControl() {
+    quietly([this] { release(); });
 }
 
 int ListViewUIControl::addRow(LPARAM data) {
@@ -74,9 +83,7 @@ void ListViewUIControl::deleteAllRows() { send(LVM_DELETEALLITEMS); }
 
 int ListViewUIControl::getSelectedCount() const { return static_cast<int>(send(LVM_GETSELECTEDCOUNT)); }
 
-int ListViewUIControl::nextSelectedRow(int from) const {
-    return listWindow_ ? static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(from - 1), LVNI_SELECTED)) : -1;
-}
+int ListViewUIControl::nextSelectedRow(int from) const { return nextRow(from, LVNI_SELECTED); }
 
 std::optional<LPARAM> ListViewUIControl::nextSelectedData(int from) const {
     LVITEMW item = itemAt(nextSelectedRow(from), 0);
@@ -111,6 +118,7 @@ void ListViewUIControl::displayControl() { ensureVisible(currentRow_, false); }
 
 void ListViewUIControl::initializeControl() {
     listWindow_ = getItem(listId_);
+    if (subclassWindow(listWindow_, windowProc)) SetPropW(listWindow_, toWide(property::control), this);
     setCheckBoxes(false);
     deleteAllRows();
 }
@@ -122,20 +130,74 @@ bool ListViewUIControl::handleControlMessage(const UIMessage& message, LRESULT&)
     return true;
 }
 
+bool ListViewUIControl::onDestroy(const UIMessage& message, LRESULT& result) {
+    release();
+    return UIControl::onDestroy(message, result);
+}
+
 bool ListViewUIControl::onLock(const UIMessage&, LRESULT&) { return false; }
+
+LRESULT CALLBACK ListViewUIControl::windowProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
+    return runInWindowProcedure(list, u"ListViewUIControl::windowProc()", [&] {
+        ListViewUIControl* const control = controlOf(list);
+        const bool isKey = control && (message == WM_KEYDOWN || message == WM_CHAR);
+        if (isKey) control->beginKey();
+        const LRESULT result = callReplacedProcedure(list, message, wParam, lParam);
+        if (isKey && controlOf(list) == control) control->endKey();
+        return result;
+    });
+}
+
+ListViewUIControl* ListViewUIControl::controlOf(HWND list) {
+    return static_cast<ListViewUIControl*>(GetPropW(list, toWide(property::control)));
+}
+
+void ListViewUIControl::beginKey() {
+    isKeyDown_ = true;
+    isChangedByKey_ = false;
+}
+
+// A key changes several rows one after the other; observers hear of it once, when it has done.
+void ListViewUIControl::endKey() {
+    isKeyDown_ = false;
+    if (!isChangedByKey_) return;
+    doubleClicked_ = false;
+    if (const int row = chosenRow(); row >= 0) currentRow_ = static_cast<std::uint16_t>(row);
+    notifyObservers();
+}
+
+void ListViewUIControl::release() {
+    if (!listWindow_) return;
+    removeProperty(listWindow_, property::control);
+    unsubclassWindow(listWindow_);
+    listWindow_ = nullptr;
+}
 
 LRESULT ListViewUIControl::send(UINT message, WPARAM wParam, LPARAM lParam) const {
     return SendMessageW(listWindow_, message, wParam, lParam);
 }
 
-// The mouse that rests and the focus come without a row: theirs is the one with the focus.
+int ListViewUIControl::nextRow(int from, WPARAM states) const {
+    if (!listWindow_) return -1;
+    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(from - 1), static_cast<LPARAM>(states)));
+}
+
+// A row that has the focus and is not selected was not chosen by the user: a table gives its first row the focus.
+int ListViewUIControl::chosenRow() const { return nextRow(0, LVNI_FOCUSED | LVNI_SELECTED); }
+
+// The mouse that rests and the focus come without a row.
 int ListViewUIControl::rowOf(const NMHDR& header) const {
     if (header.code == NM_CLICK || header.code == NM_DBLCLK)
         return reinterpret_cast<const NMITEMACTIVATE&>(header).iItem;
-    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+    return chosenRow();
 }
 
 void ListViewUIControl::handleNotification(const NMHDR& header) {
+    if (isKeyDown_ && header.code == LVN_ITEMCHANGED) {
+        const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+        if (((change.uOldState ^ change.uNewState) & choices) != 0) isChangedByKey_ = true;
+        return;
+    }
     const bool selects = header.code == NM_CLICK || header.code == NM_HOVER || header.code == NM_SETFOCUS;
     doubleClicked_ = header.code == NM_DBLCLK;
     if (!selects && !doubleClicked_) return;

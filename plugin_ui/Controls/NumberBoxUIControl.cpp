@@ -1,27 +1,23 @@
 #include "plugin_ui/Controls/NumberBoxUIControl.h"
 
-#include "jtcore/Services/KolmaException.h"
-#include "jtcore/Services/quietly.h"
 #include "plugin_ui/Controls/entryField.h"
 #include "plugin_ui/Controls/spinArithmetic.h"
-#include "plugin_ui/Controls/subclassing.h"
-#include "plugin_ui/Controls/windowProperties.h"
 
 #include <algorithm>
 
 namespace {
 
-bool accepts(HWND window, char16_t key) {
-    const auto type = static_cast<NumberBoxType>(getProperty(window, property::entryType));
-    const auto maxChars = static_cast<std::int32_t>(getProperty(window, property::maximumLength));
-    return acceptsNumberKey(type, key, readEntryState(window), maxChars);
+bool accepts(std::uint32_t type, char16_t key, const EntryState& field, std::int32_t maxChars) {
+    return acceptsNumberKey(static_cast<NumberBoxType>(type), key, field, maxChars);
 }
+
+constexpr std::int32_t usualLength = 10;
 
 } // namespace
 
 NumberBoxUIControl::NumberBoxUIControl(std::uint16_t labelId, std::uint16_t editId, std::uint16_t spinId,
                                        std::uint16_t unitLabelId, bool clampOnLeave)
-    : UIControl(editId), editId_(editId), spinId_(spinId), clampOnLeave_(clampOnLeave) {
+    : EntryUIControl(editId, usualLength), spinId_(spinId), clampOnLeave_(clampOnLeave) {
     addControlId(labelId);
     addControlId(editId);
     addControlId(spinId);
@@ -30,10 +26,6 @@ NumberBoxUIControl::NumberBoxUIControl(std::uint16_t labelId, std::uint16_t edit
 
 NumberBoxUIControl::NumberBoxUIControl(std::uint16_t editId, std::uint16_t spinId, bool clampOnLeave)
     : NumberBoxUIControl(0, editId, spinId, 0, clampOnLeave) {}
-
-NumberBoxUIControl::~NumberBoxUIControl() {
-    quietly([this] { unsubclassEntryField(editWindow_); });
-}
 
 void NumberBoxUIControl::setValue(std::int32_t value) { showValue(value); }
 
@@ -50,12 +42,12 @@ void NumberBoxUIControl::showValue(double value) {
 void NumberBoxUIControl::setNumberType(NumberBoxType type) {
     displayed_ = false;
     numberType_ = type;
-    if (getWindow()) setControlCallBack();
+    renewCallBack();
 }
 
 void NumberBoxUIControl::setMaxChars(std::int32_t maxChars) {
-    maxChars_ = maxChars;
-    if (getWindow()) setControlCallBack();
+    setLimit(maxChars);
+    renewCallBack();
 }
 
 void NumberBoxUIControl::setRange(std::int32_t lower, std::int32_t upper) noexcept {
@@ -71,35 +63,39 @@ void NumberBoxUIControl::setFloatRange(double lower, double upper) noexcept {
 }
 
 void NumberBoxUIControl::displayControl() {
-    const std::u16string text = entry_.isEmpty ? u"" : formatNumber(entry_.value, numberType_, precision_);
-    SetDlgItemTextW(getWindow(), editId_, toWide(text));
+    showText(entry_.isEmpty ? u"" : formatNumber(entry_.value, numberType_, precision_));
 }
 
 void NumberBoxUIControl::initializeControl() {
     displayed_ = false;
-    setControlCallBack();
+    renewCallBack();
 }
 
 bool NumberBoxUIControl::handleControlMessage(const UIMessage& message, LRESULT& result) {
-    if (isCommand(message, editId_, EN_CHANGE)) {
-        handleChange();
-        return true;
-    }
-    if (isCommand(message, editId_, EN_KILLFOCUS)) return handleLeave();
+    if (EntryUIControl::handleControlMessage(message, result)) return true;
+    if (isCommand(message, getEditId(), EN_KILLFOCUS)) return handleLeave();
     if (!isSpin(message)) return false;
     handleSpin(reinterpret_cast<const NMUPDOWN*>(message.lParam)->iDelta);
     result = TRUE; // the button keeps its position: it would come to an end of its own range
     return true;
 }
 
-bool NumberBoxUIControl::onDestroy(const UIMessage& message, LRESULT& result) {
-    unsubclassEntryField(editWindow_);
-    editWindow_ = nullptr;
-    return UIControl::onDestroy(message, result);
+bool NumberBoxUIControl::onValidateEntry(const UIMessage& message, LRESULT& result) {
+    leaveForValidation();
+    return EntryUIControl::onValidateEntry(message, result);
 }
 
-void NumberBoxUIControl::handleChange() {
-    const NumberEntry entry = readNumberEntry(readWindowText(editWindow_), numberType_);
+bool NumberBoxUIControl::onValidateSave(const UIMessage& message, LRESULT& result) {
+    leaveForValidation();
+    return EntryUIControl::onValidateSave(message, result);
+}
+
+std::u16string NumberBoxUIControl::admit(const FieldEdit& edit) const {
+    return admitNumber(numberType_, edit, getMaxChars());
+}
+
+void NumberBoxUIControl::handleEdit(const std::u16string& text) {
+    const NumberEntry entry = readNumberEntry(text, numberType_);
     if (entry == entry_) return;
     entry_ = entry;
     notifyObservers();
@@ -107,12 +103,16 @@ void NumberBoxUIControl::handleChange() {
 
 bool NumberBoxUIControl::handleLeave() {
     if (!hasRange_ || numberType_ != NumberBoxType::signedInteger || entry_.isEmpty) return false;
-    const double typed = readNumberEntry(readWindowText(editWindow_), numberType_).value;
+    const double typed = readNumberEntry(readWindowText(getEditWindow()), numberType_).value;
     const std::int32_t allowed = std::max(lowerInt_, std::min(toInteger(typed), upperInt_));
     if (!clampOnLeave_ || typed == allowed) return true;
     setValue(allowed);
     notifyObservers();
     return true;
+}
+
+void NumberBoxUIControl::leaveForValidation() {
+    if (getEditWindow() && GetFocus() == getEditWindow()) handleLeave();
 }
 
 bool NumberBoxUIControl::isSpin(const UIMessage& message) const {
@@ -121,26 +121,22 @@ bool NumberBoxUIControl::isSpin(const UIMessage& message) const {
     return header.idFrom == spinId_ && header.code == UDN_DELTAPOS;
 }
 
-// Setting the text makes the field tell of the change at once; observers hear of a press twice.
+// Observers hear of a press twice: as of a change of the text, and as of the press.
 void NumberBoxUIControl::handleSpin(std::int32_t delta) {
-    const double old = parseDecimal(readWindowText(editWindow_));
+    const double old = parseDecimal(readWindowText(getEditWindow()));
     const double value = numberType_ == NumberBoxType::decimal
                              ? spinDecimal(old, delta, precision_, lowerFloat_, upperFloat_)
                              : spinInteger(old, delta, lowerInt_, upperInt_);
-    SetDlgItemTextW(getWindow(), editId_, toWide(formatNumber(value, numberType_, precision_)));
+    const std::u16string text = formatNumber(value, numberType_, precision_);
+    showText(text);
+    handleEdit(text);
     if (value != old) notifyObservers();
 }
 
-void NumberBoxUIControl::setControlCallBack() {
-    editWindow_ = getItem(editId_);
-    if (!editWindow_) raise<UnknownCaseException>(u"NumberBoxUIControl::setControlCallBack() Unknown Resource ID.\r\n");
-    if (!subclassEntryField(editWindow_, NumberBoxWindowProc, static_cast<std::int32_t>(numberType_), maxChars_))
-        raise<UnknownCaseException>(u"NumberBoxUIControl::setControlCallBack() Unknown ANL value for disposition.\r\n");
+void NumberBoxUIControl::renewCallBack() {
+    if (getWindow()) setControlCallBack(u"NumberBoxUIControl");
 }
 
 LRESULT CALLBACK NumberBoxUIControl::NumberBoxWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return runInWindowProcedure(window, u"NumberBoxUIControl::NumberBoxWindowProc()", [&]() -> LRESULT {
-        if (message == WM_CHAR && !accepts(window, static_cast<char16_t>(wParam))) return 0;
-        return callReplacedProcedure(window, message, wParam, lParam);
-    });
+    return filterKeys(window, message, wParam, lParam, u"NumberBoxUIControl::NumberBoxWindowProc()", accepts);
 }

@@ -2,17 +2,16 @@
 // number out of range may be typed; a box that clamps brings it back when the field is left.
 #pragma once
 
+#include "plugin_ui/Controls/EntryUIControl.h"
 #include "plugin_ui/Controls/NumberBoxType.h"
-#include "plugin_ui/Controls/UIControl.h"
 #include "plugin_ui/Controls/numberText.h"
 
-class NumberBoxUIControl : public UIControl {
+class NumberBoxUIControl : public EntryUIControl {
 public:
     // Every id but the field's may be 0.
     NumberBoxUIControl(std::uint16_t labelId, std::uint16_t editId, std::uint16_t spinId, std::uint16_t unitLabelId,
                        bool clampOnLeave);
     NumberBoxUIControl(std::uint16_t editId, std::uint16_t spinId, bool clampOnLeave);
-    ~NumberBoxUIControl() override;
 
     // Cut to an integer; 0 when the box is empty, as is the other.
     std::int32_t getValue() const noexcept { return toInteger(entry_.value); }
@@ -40,22 +39,25 @@ public:
     void displayControl() override;
     void initializeControl() override;
     bool handleControlMessage(const UIMessage& message, LRESULT& result) override;
-    bool onDestroy(const UIMessage& message, LRESULT& result) override;
+    // Enter accepts a dialog with the focus still in the field, which counts as left then. Never invalid.
+    bool onValidateEntry(const UIMessage& message, LRESULT& result) override;
+    bool onValidateSave(const UIMessage& message, LRESULT& result) override;
 
 private:
     static LRESULT CALLBACK NumberBoxWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    void setControlCallBack();
+    WNDPROC keyFilter() const noexcept override { return NumberBoxWindowProc; }
+    std::int32_t entryType() const noexcept override { return static_cast<std::int32_t>(numberType_); }
+    std::u16string admit(const FieldEdit& edit) const override;
+    void handleEdit(const std::u16string& text) override;
+    void renewCallBack();
     void showValue(double value);
-    void handleChange();
     bool handleLeave();
+    void leaveForValidation();
     bool isSpin(const UIMessage& message) const;
     void handleSpin(std::int32_t delta);
 
-    std::uint16_t editId_;
     std::uint16_t spinId_;
-    HWND editWindow_ = nullptr;
     NumberBoxType numberType_ = NumberBoxType::signedInteger;
-    std::int32_t maxChars_ = 10;
     NumberEntry entry_;
     bool hasRange_ = false;
     std::int32_t lowerInt_ = 0;

@@ -3,15 +3,23 @@
 #include "plugin_ui/Controls/paintBitmap.h"
 #include "plugin_ui/Controls/windowProperties.h"
 
+namespace {
+
+// Where the keyboard is. The rectangle goes by being drawn once more.
+void drawFocus(const DRAWITEMSTRUCT& request) {
+    const bool isDrawnAnew = request.itemAction == ODA_DRAWENTIRE && (request.itemState & ODS_FOCUS) != 0;
+    if (isDrawnAnew || request.itemAction == ODA_FOCUS) DrawFocusRect(request.hDC, &request.rcItem);
+}
+
+} // namespace
+
 OwndrwPushButtonUIControl::OwndrwPushButtonUIControl(std::uint16_t itemId, std::uint16_t upBitmapId,
                                                      std::uint16_t downBitmapId, std::uint16_t disabledBitmapId)
-    : UIControl(itemId),
+    : PushButtonUIControl(itemId),
       itemId_(itemId),
       upBitmapId_(upBitmapId),
       downBitmapId_(downBitmapId),
-      disabledBitmapId_(disabledBitmapId) {
-    addControlId(itemId);
-}
+      disabledBitmapId_(disabledBitmapId) {}
 
 void OwndrwPushButtonUIControl::initializeControl() {
     const HWND item = getItem(itemId_);
@@ -20,15 +28,10 @@ void OwndrwPushButtonUIControl::initializeControl() {
     setProperty(item, property::disabledBitmap, disabledBitmapId_);
 }
 
-bool OwndrwPushButtonUIControl::handleControlMessage(const UIMessage& message, LRESULT&) {
-    if (!isCommand(message, itemId_, BN_CLICKED)) return false;
-    notifyObservers();
-    return true;
-}
-
 bool OwndrwPushButtonUIControl::onOtherMessage(const UIMessage& message, LRESULT& result) {
-    if (message.id != WM_DRAWITEM) return UIControl::onOtherMessage(message, result);
+    if (message.id != WM_DRAWITEM) return PushButtonUIControl::onOtherMessage(message, result);
     drawItem(message.window, message.id, message.wParam, message.lParam);
+    drawFocus(*reinterpret_cast<const DRAWITEMSTRUCT*>(message.lParam));
     return true;
 }
 
@@ -37,10 +40,8 @@ bool OwndrwPushButtonUIControl::onDestroy(const UIMessage& message, LRESULT& res
     removeProperty(item, property::bitmap);
     removeProperty(item, property::pressedBitmap);
     removeProperty(item, property::disabledBitmap);
-    return UIControl::onDestroy(message, result);
+    return PushButtonUIControl::onDestroy(message, result);
 }
-
-bool OwndrwPushButtonUIControl::onLock(const UIMessage&, LRESULT&) { return false; }
 
 bool OwndrwPushButtonUIControl::drawItem(HWND dialog, UINT, WPARAM, LPARAM lParam) {
     const auto& request = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);

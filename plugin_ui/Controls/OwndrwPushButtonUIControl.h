@@ -5,18 +5,16 @@
 // first one in the tree draws them all.
 #pragma once
 
-#include "plugin_ui/Controls/UIControl.h"
+#include "plugin_ui/Controls/PushButtonUIControl.h"
 
-class OwndrwPushButtonUIControl : public UIControl {
+class OwndrwPushButtonUIControl : public PushButtonUIControl {
 public:
     OwndrwPushButtonUIControl(std::uint16_t itemId, std::uint16_t upBitmapId, std::uint16_t downBitmapId,
                               std::uint16_t disabledBitmapId);
 
     void initializeControl() override;
-    bool handleControlMessage(const UIMessage& message, LRESULT& result) override;
     bool onOtherMessage(const UIMessage& message, LRESULT& result) override;
     bool onDestroy(const UIMessage& message, LRESULT& result) override;
-    bool onLock(const UIMessage& message, LRESULT& result) override;
 
     // False when there is nothing to draw. lParam is the address of a DRAWITEMSTRUCT.
     virtual bool drawItem(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);

@@ -1,16 +1,15 @@
 // A field for a line of text, which takes no key that may not be typed.
 #pragma once
 
+#include "plugin_ui/Controls/EntryUIControl.h"
 #include "plugin_ui/Controls/OwnedGdi.h"
 #include "plugin_ui/Controls/TextBoxType.h"
-#include "plugin_ui/Controls/UIControl.h"
 
-class TextBoxUIControl : public UIControl {
+class TextBoxUIControl : public EntryUIControl {
 public:
     // The label and the extra item may be 0. whiteBackground: the field is read-only and yet painted white.
     TextBoxUIControl(std::uint16_t labelId, std::uint16_t editId, std::uint16_t extraId, std::int32_t maxChars,
                      bool whiteBackground = false);
-    ~TextBoxUIControl() override;
 
     const std::u16string& getText() const noexcept { return text_; }
     void setText(const std::u16string& text);
@@ -23,19 +22,17 @@ public:
     void displayControl() override;
     void initializeControl() override;
     bool handleControlMessage(const UIMessage& message, LRESULT& result) override;
-    bool onDestroy(const UIMessage& message, LRESULT& result) override;
 
 private:
     static LRESULT CALLBACK TextBoxWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    void setControlCallBack();
-    void handleChange();
+    WNDPROC keyFilter() const noexcept override { return TextBoxWindowProc; }
+    std::int32_t entryType() const noexcept override { return static_cast<std::int32_t>(textType_); }
+    std::u16string admit(const FieldEdit& edit) const override;
+    void handleEdit(const std::u16string& text) override;
+    void renewCallBack();
 
     std::u16string text_;
-    std::uint16_t editId_;
-    std::int32_t maxChars_;
     bool whiteBackground_;
-    bool displaying_ = false; // what the field says then is not the user's
-    HWND editWindow_ = nullptr;
     TextBoxType textType_ = TextBoxType::any;
     OwnedGdi<HFONT> font_; // the field borrows it
 };

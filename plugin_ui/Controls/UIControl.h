@@ -23,7 +23,7 @@ class UIControl : public MessageProcessorWithChildren, public ObserverSubject {
 public:
     ~UIControl() override;
 
-    // The text of the control, from the next WM_INITDIALOG on.
+    // The text of the control, where it has one of its own.
     virtual void setLabelId(std::uint16_t stringId);
     // Pushes the stored value into the window.
     virtual void displayControl();

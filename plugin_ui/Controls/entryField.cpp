@@ -31,3 +31,14 @@ void unsubclassEntryField(HWND window) {
     removeProperty(window, property::entryType);
     removeProperty(window, property::maximumLength);
 }
+
+LRESULT filterKeys(HWND window, UINT message, WPARAM wParam, LPARAM lParam, std::u16string_view method,
+                   KeyTest accepts) noexcept {
+    return runInWindowProcedure(window, method, [&]() -> LRESULT {
+        const bool isRefused =
+            message == WM_CHAR &&
+            !accepts(getProperty(window, property::entryType), static_cast<char16_t>(wParam), readEntryState(window),
+                     static_cast<std::int32_t>(getProperty(window, property::maximumLength)));
+        return isRefused ? 0 : callReplacedProcedure(window, message, wParam, lParam);
+    });
+}

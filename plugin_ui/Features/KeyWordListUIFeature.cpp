@@ -127,8 +127,9 @@ void KeyWordListUIFeature::updateFeatureWithNewSettings() {
 void KeyWordListUIFeature::handleSubjectUpdate(std::uint16_t) {
     FeatureValue selected = static_cast<ValueEnum>(list_.getSelectedData());
     if (selected != unknownValue && selected.getNumber() == customTrigger()) {
+        updateFeatureWithNewSettings(); // the list shows the setting until there is another one
         selected = askForValue();
-        if (!selected.isSet()) return updateFeatureWithNewSettings();
+        if (!selected.isSet()) return;
     }
     if (selected != unknownValue) getDialogSettings().setFeatureValue(feature_, selected);
     notifyObservers();

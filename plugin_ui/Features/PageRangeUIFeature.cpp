@@ -1,8 +1,11 @@
 #include "plugin_ui/Features/PageRangeUIFeature.h"
 
 #include "jtcore/Capabilities/Capabilities.h"
+#include "jtcore/Services/ResourceLibrary.h"
 #include "plugin_ui/Controls/NumberBoxUIControl.h"
 #include "plugin_ui/Controls/RadioButtonUIControl.h"
+#include "plugin_ui/Controls/StaticUIControl.h"
+#include "plugin_ui/Features/listMember.h"
 #include "resources/ids.h"
 
 namespace {
@@ -17,7 +20,8 @@ PageRangeUIFeature::PageRangeUIFeature(UIContext& context)
     : UIFeature(context, noParentFeature),
       choice_(addObserved<RadioButtonUIControl>(IDC_PAGES_FRAME)),
       firstPage_(addObserved<NumberBoxUIControl>(IDC_PAGES_FIRST_LABEL, IDC_PAGES_FIRST_EDIT, 0, 0, true)),
-      lastPage_(addObserved<NumberBoxUIControl>(IDC_PAGES_LAST_LABEL, IDC_PAGES_LAST_EDIT, 0, 0, true)) {
+      lastPage_(addObserved<NumberBoxUIControl>(IDC_PAGES_LAST_LABEL, IDC_PAGES_LAST_EDIT, 0, 0, true)),
+      note_(addNew<StaticUIControl>(IDC_PAGES_NOTE)) {
     choice_.addButton(IDC_PAGES_ALL);
     choice_.addButton(IDC_PAGES_RANGE);
 }
@@ -41,6 +45,7 @@ void PageRangeUIFeature::updateFeatureWithNewSettings() {
     firstPage_.setValue(first);
     lastPage_.setValue(last);
     enableBoxes(isRange);
+    showNote();
 }
 
 // An emptied box stands for the bound that the printer has there.
@@ -49,9 +54,10 @@ void PageRangeUIFeature::handleSubjectUpdate(std::uint16_t) {
     if (isRangeChosen())
         getDialogSettings().setRange(pageRanges, valueOr(firstPage_, lowerPage_), valueOr(lastPage_, upperPage_));
     else
-        getDialogSettings().setFeatureValue(pageRanges, Value::notSet);
+        eraseAllMembers(getDialogSettings(), pageRanges);
     enableBoxes(isRangeChosen());
     markPageChanged();
+    showNote();
 }
 
 bool PageRangeUIFeature::onUnlock(const UIMessage& message, LRESULT& result) {
@@ -69,3 +75,18 @@ void PageRangeUIFeature::enableBoxes(bool enable) {
 }
 
 bool PageRangeUIFeature::isRangeChosen() const { return choice_.getSelected() == IDC_PAGES_RANGE; }
+
+void PageRangeUIFeature::showNote() {
+    const std::uint16_t note = findNote();
+    note_.setText(note == 0 ? std::u16string() : ResourceLibrary().getString(note));
+}
+
+// What a user should know of a range and cannot see in the boxes; 0 for nothing.
+std::uint16_t PageRangeUIFeature::findNote() {
+    const FeatureId pageRanges(Feature::pageRanges);
+    std::int32_t first = 0;
+    std::int32_t last = 0;
+    if (!getDialogSettings().getRange(pageRanges, first, last)) return 0;
+    if (first > last) return IDS_PAGES_REVERSED;
+    return getDialogSettings().getValueCount(pageRanges) > 1 ? IDS_PAGES_FURTHER : std::uint16_t{0};
+}

@@ -1,10 +1,12 @@
-// All pages or a range of them. The range is the first one of the job; no attribute means all pages.
+// All pages or a range of them. The range is the first one of the job; no attribute means all pages. A range that ends
+// before it begins is kept as it is typed, and a note beside it says so.
 #pragma once
 
 #include "plugin_ui/UIFeature.h"
 
 class NumberBoxUIControl;
 class RadioButtonUIControl;
+class StaticUIControl;
 
 class PageRangeUIFeature : public UIFeature {
 public:
@@ -19,10 +21,13 @@ public:
 private:
     void enableBoxes(bool enable);
     bool isRangeChosen() const;
+    void showNote();
+    std::uint16_t findNote();
 
     RadioButtonUIControl& choice_;
     NumberBoxUIControl& firstPage_;
     NumberBoxUIControl& lastPage_;
+    StaticUIControl& note_;
     std::int32_t lowerPage_ = 0;
     std::int32_t upperPage_ = 0;
 };

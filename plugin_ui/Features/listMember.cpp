@@ -19,6 +19,11 @@ void eraseMember(FeatureSettings& settings, const FeatureId& feature, FeatureVal
             settings.setFeatureValue(feature, Value::notSet, occurrence);
 }
 
+void eraseAllMembers(FeatureSettings& settings, const FeatureId& feature) {
+    for (std::size_t occurrence = settings.getValueCount(feature); occurrence-- > 0;)
+        settings.setFeatureValue(feature, Value::notSet, occurrence);
+}
+
 void appendMember(FeatureSettings& settings, const FeatureId& feature, FeatureValue value) {
     settings.setFeatureValue(feature, value, settings.getValueCount(feature));
 }
