@@ -98,6 +98,18 @@ void HelpWindow::layOut() {
     column->addWidget(text_, 1);
     column->addWidget(button.widget(), 0, Qt::AlignRight);
     widget()->resize(comfortable.boundedTo(widget()->screen()->availableSize()));
+    standBeside(owner()->widget()->frameGeometry());
+}
+
+// Where the screen has no room on either side it stands where the desktop puts it.
+void HelpWindow::standBeside(const QRect& sheet) {
+    const QRect screen = widget()->screen()->availableGeometry();
+    const int right = sheet.right() + 1;
+    const int left = sheet.left() - widget()->width();
+    if (right + widget()->width() <= screen.right())
+        widget()->move(right, sheet.top());
+    else if (left >= screen.left())
+        widget()->move(left, sheet.top());
 }
 
 void HelpWindow::open(const QString& page) {

@@ -23,6 +23,7 @@ private:
     explicit HelpWindow(Window& owner);
     static HelpWindow* beside(Window& owner);
     void layOut();
+    void standBeside(const QRect& sheet);
     void open(const QString& page);
     void followLink();
 
