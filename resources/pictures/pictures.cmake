@@ -10,7 +10,7 @@ find_package(CLI11 REQUIRED)
 set(picture_data ${CMAKE_CURRENT_SOURCE_DIR}/pictures)
 add_executable(kolma_picture
   ${picture_data}/tool/PictureRenderer.cpp ${picture_data}/tool/main.cpp ${picture_data}/tool/pictureFiles.cpp)
-target_link_libraries(kolma_picture PRIVATE kolma_resources_headers kolma_options Qt6::Gui Qt6::Svg CLI11::CLI11)
+target_link_libraries(kolma_picture PRIVATE kolma_resources_headers kolma_plain_options Qt6::Gui Qt6::Svg CLI11::CLI11)
 # It serves the build alone and is not for bin, which is installed.
 set_target_properties(kolma_picture PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 
