@@ -50,7 +50,7 @@ bool contains(const Rectangle& outer, const Rectangle& inner) {
 }
 
 // The class by its name in lower case, however the template tells it.
-std::u16string classOf(const DialogItem& item) {
+std::u16string classOf(const TemplateItem& item) {
     switch (item.classOrdinal) {
     case 0x80:
         return u"button";
@@ -69,20 +69,22 @@ std::u16string classOf(const DialogItem& item) {
     return name;
 }
 
-int buttonKind(const DialogItem& item) { return classOf(item) == u"button" ? static_cast<int>(item.style & 0xFU) : -1; }
+int buttonKind(const TemplateItem& item) {
+    return classOf(item) == u"button" ? static_cast<int>(item.style & 0xFU) : -1;
+}
 
-bool isFrame(const DialogItem& item) { return buttonKind(item) == BS_GROUPBOX; }
-bool isStatic(const DialogItem& item) { return classOf(item) == u"static"; }
-bool isCombo(const DialogItem& item) { return classOf(item) == u"combobox"; }
-bool isSpin(const DialogItem& item) { return classOf(item) == u"msctls_updown32"; }
-bool takesLabel(const DialogItem& item) { return isCombo(item) || classOf(item) == u"edit"; }
+bool isFrame(const TemplateItem& item) { return buttonKind(item) == BS_GROUPBOX; }
+bool isStatic(const TemplateItem& item) { return classOf(item) == u"static"; }
+bool isCombo(const TemplateItem& item) { return classOf(item) == u"combobox"; }
+bool isSpin(const TemplateItem& item) { return classOf(item) == u"msctls_updown32"; }
+bool takesLabel(const TemplateItem& item) { return isCombo(item) || classOf(item) == u"edit"; }
 
-Rectangle placeOf(const DialogItem& item) {
+Rectangle placeOf(const TemplateItem& item) {
     const int height = isCombo(item) ? FIELD_H : item.height; // that of a combo box is told with its list
     return {item.x, item.y, item.x + item.width, item.y + height};
 }
 
-std::string describe(const DialogItem& item) { return std::to_string(item.id) + " '" + narrow(item.text) + "'"; }
+std::string describe(const TemplateItem& item) { return std::to_string(item.id) + " '" + narrow(item.text) + "'"; }
 
 // The letter after the ampersand, in lower case; 0 for none. The languages have no mnemonics beyond ASCII.
 char16_t mnemonicOf(const std::u16string& text) {
@@ -116,7 +118,7 @@ private:
 };
 
 // What an item needs beside its text: the box of an option, the edges of a button.
-int roomBesideText(const DialogItem& item) {
+int roomBesideText(const TemplateItem& item) {
     switch (buttonKind(item)) {
     case BS_AUTOCHECKBOX:
     case BS_AUTORADIOBUTTON:
@@ -141,10 +143,10 @@ protected:
         return parsed.value_or(DialogTemplate{});
     }
 
-    std::vector<DialogItem> itemsOf(const View& view) const {
-        std::vector<DialogItem> items;
+    std::vector<TemplateItem> itemsOf(const View& view) const {
+        std::vector<TemplateItem> items;
         for (const int id : view.dialogs)
-            for (const DialogItem& item : dialog(id).items)
+            for (const TemplateItem& item : dialog(id).items)
                 items.push_back(item);
         return items;
     }
@@ -166,7 +168,7 @@ TEST_P(DialogTemplates, areAllThereInThePlainFormAndInOneFont) {
 TEST_P(DialogTemplates, holdEachNamedControlOnceAndNoOther) {
     std::map<int, int> found;
     for (const NamedId& id : idsOf("ids_dialogs.h", "IDD_"))
-        for (const DialogItem& item : dialog(id.number).items)
+        for (const TemplateItem& item : dialog(id.number).items)
             if (item.id != IDOK && item.id != IDCANCEL) ++found[item.id];
 
     std::map<int, std::string> names;
@@ -183,7 +185,7 @@ TEST_P(DialogTemplates, keepTheirMarginsAndDoNotCoverEachOther) {
     for (const View& view : views) {
         const DialogTemplate first = dialog(view.dialogs.front());
         const Rectangle inside{MARGIN, AREA_Y, first.width - MARGIN, first.height - MARGIN};
-        const std::vector<DialogItem> items = itemsOf(view);
+        const std::vector<TemplateItem> items = itemsOf(view);
         for (std::size_t i = 0; i < items.size(); ++i) {
             if (isSpin(items[i])) continue; // moves into the field before it
             EXPECT_TRUE(contains(inside, placeOf(items[i]))) << view.name << ": " << describe(items[i]);
@@ -199,7 +201,7 @@ TEST_P(DialogTemplates, haveOverlaysOfOneFrameThatHoldsAllTheirItems) {
     for (const int id : overlays) {
         const DialogTemplate overlay = dialog(id);
         ASSERT_FALSE(overlay.items.empty());
-        const DialogItem& frame = overlay.items.front();
+        const TemplateItem& frame = overlay.items.front();
         EXPECT_TRUE(isFrame(frame)) << id;
         EXPECT_EQ(std::vector<int>({frame.x, frame.y, frame.width, frame.height}),
                   std::vector<int>({AREA_X, AREA_Y, AREA_W, AREA_H}))
@@ -216,7 +218,7 @@ TEST_P(DialogTemplates, giveAMnemonicOnceOnAView) {
     for (const View& view : views) {
         std::map<char16_t, std::string> taken;
         if (view.isOnSheet) taken[appliesTheSheet] = "the sheet's button that applies";
-        for (const DialogItem& item : itemsOf(view)) {
+        for (const TemplateItem& item : itemsOf(view)) {
             const char16_t letter = mnemonicOf(item.text);
             if (letter == 0 || ((item.style & SS_NOPREFIX) != 0 && isStatic(item))) continue;
             const auto [first, isNew] = taken.emplace(letter, describe(item));
@@ -230,7 +232,7 @@ TEST_P(DialogTemplates, setALabelRightBeforeEachFieldThatIsTypedOrChosenFrom) {
     const std::set<int> filledByTheProgram = {IDC_ABOUT_TITLE, IDC_ABOUT_VERSION, IDC_ABOUT_LEGAL, IDC_STOCK_SUMMARY,
                                               IDC_LIMITATIONS_REPORT};
     for (const View& view : views) {
-        const std::vector<DialogItem> items = itemsOf(view);
+        const std::vector<TemplateItem> items = itemsOf(view);
         for (std::size_t i = 1; i < items.size(); ++i) {
             if (!takesLabel(items[i]) || filledByTheProgram.contains(items[i].id)) continue;
             EXPECT_TRUE(isStatic(items[i - 1]) && mnemonicOf(items[i - 1].text) != 0)
@@ -243,7 +245,7 @@ TEST_P(DialogTemplates, haveRoomForTheirTexts) {
     const Ruler ruler;
     ASSERT_TRUE(ruler.isUsable()) << "no font";
     for (const View& view : views)
-        for (const DialogItem& item : itemsOf(view)) {
+        for (const TemplateItem& item : itemsOf(view)) {
             if (item.text.empty() || buttonKind(item) == BS_OWNERDRAW) continue;
             EXPECT_LE(ruler.width(shownText(item.text)) + roomBesideText(item), item.width)
                 << view.name << ": " << describe(item);
@@ -262,6 +264,11 @@ TEST_P(DialogTemplates, haveRoomForWhatTheirListsOffer) {
             << narrow(module.string(text));
     for (const int text : {IDS_VALUE_COLOR_TO_HIGHLIGHT, IDS_VALUE_USE_READY, IDS_VALUE_HIGHLIGHT_COLORANT_ROYAL})
         EXPECT_LE(ruler.width(QString::fromStdU16String(module.string(text))) + arrowAndEdges, COLUMN_W)
+            << narrow(module.string(text));
+    constexpr int lines = 2;
+    constexpr int lostWhereALineBreaks = 20;
+    for (const int text : {IDS_PAGES_REVERSED, IDS_PAGES_FURTHER})
+        EXPECT_LE(ruler.width(QString::fromStdU16String(module.string(text))), lines * FIELD_W - lostWhereALineBreaks)
             << narrow(module.string(text));
     for (const NamedId& id : idsOf("ids_dialogs.h", "IDS_OVERLAY_"))
         EXPECT_LE(ruler.width(QString::fromStdU16String(module.string(id.number))) + arrowAndEdges, NAVIGATION_W)

@@ -2,6 +2,7 @@
 #include "platform/controls.h"
 #include "platform/driver_sheets.h"
 #include "platform/windows.h"
+#include "tests/memoryDialog.h"
 
 #include <gmock/gmock.h>
 
@@ -20,7 +21,8 @@ using Log = std::vector<std::string>;
 // What the pages and callbacks of one sheet were told; and what is to be done with it, a step a turn of the loop.
 struct Play {
     Log log;
-    std::map<std::string, LRESULT> answers; // "a apply" -> the page's answer
+    std::map<std::string, LRESULT> answers;                // "a apply" -> the page's answer
+    std::map<std::string, std::function<void(HWND)>> acts; // what the page does with the sheet before it answers
     std::deque<std::function<void(HWND)>> steps;
     std::map<std::string, HWND> pages;
     std::array<PROPSHEETPAGEW, 3> records{};
@@ -72,15 +74,23 @@ INT_PTR CALLBACK pageProcedure(HWND page, UINT message, WPARAM, LPARAM lParam) {
     const std::string word = std::string(name) + ' ' + wordOf(header.code);
     const bool isClosing = header.code == PSN_APPLY && reinterpret_cast<const PSHNOTIFY&>(header).lParam != 0;
     play->note(word + (isClosing ? " and close" : ""));
+    if (const auto act = play->acts.find(word); act != play->acts.end()) act->second(GetParent(page));
     SetWindowLongPtrW(page, DWLP_MSGRESULT, play->answers[word]);
     return TRUE;
 }
 
-HANDLE addPage(const PROPSHEETUI_INFO& info, std::size_t index, const char* name) {
+UINT CALLBACK pageCallback(HWND, UINT message, PROPSHEETPAGEW*) {
+    static constexpr const char* words[] = {"callback add", "callback release", "callback create"};
+    play->note(words[message]);
+    return 1;
+}
+
+HANDLE addPage(const PROPSHEETUI_INFO& info, std::size_t index, const char* name,
+               LPCDLGTEMPLATEW dialog = &emptyPage.header) {
     PROPSHEETPAGEW& page = play->records[index];
     page.dwSize = sizeof page;
-    page.dwFlags = PSP_DLGINDIRECT | PSP_USETITLE;
-    page.pResource = &emptyPage.header;
+    page.dwFlags = PSP_DLGINDIRECT | PSP_USETITLE | (page.pfnCallback ? PSP_USECALLBACK : 0);
+    page.pResource = dialog;
     page.pszTitle = index == 0 ? u"First" : u"Second";
     page.pfnDlgProc = pageProcedure;
     page.lParam = reinterpret_cast<LPARAM>(name);
@@ -208,6 +218,74 @@ TEST_F(PropertySheet, aPageCanHoldWhoWantsToLeave) {
          }});
     EXPECT_EQ(std::count(now.log.begin(), now.log.end(), "a apply and close"), 0);
     EXPECT_EQ(std::count(now.log.begin(), now.log.end(), "a query cancel"), 3);
+}
+
+TEST_F(PropertySheet, whatAPageDoesWhileItIsAskedDoesNoHarm) {
+    struct Row {
+        WPARAM button;
+        const char* asked;
+        const char* what;
+        std::function<void(HWND)> act;
+        const char* lastHeard; // by the page, before it went
+    };
+    const auto fails = [](HWND) { throw std::runtime_error("out"); };
+    const auto destroys = [](HWND sheet) { DestroyWindow(sheet); };
+    const Row rows[] = {
+        {PSBTN_OK, "a apply", "cancels", press(PSBTN_CANCEL), "a apply and close"},
+        {PSBTN_OK, "a apply", "presses OK", press(PSBTN_OK), "a apply and close"},
+        {PSBTN_OK, "a apply", "destroys", destroys, "a apply and close"},
+        {PSBTN_OK, "a apply", "fails, and has not applied", fails, "a reset"},
+        {PSBTN_OK, "a set active", "destroys", destroys, "a set active"},
+        {PSBTN_CANCEL, "a query cancel", "destroys", destroys, "a query cancel"},
+        {PSBTN_CANCEL, "a query cancel", "fails", fails, "a reset"},
+        {PSBTN_CANCEL, "a reset", "destroys", destroys, "a reset"},
+    };
+    for (const Row& row : rows) {
+        now.log.clear();
+        now.acts = {{row.asked, row.act}};
+        EXPECT_EQ(run({press(row.button)}), CPSUI_OK);
+        EXPECT_EQ(result, static_cast<DWORD>(CPSUI_CANCEL)) << "nobody has set another";
+        const auto end = std::find(now.log.begin(), now.log.end(), "a destroy");
+        ASSERT_TRUE(end != now.log.begin() && end != now.log.end()) << row.asked << " " << row.what;
+        EXPECT_EQ(*std::find_if(std::make_reverse_iterator(end), now.log.rend(),
+                                [](const std::string& told) { return told.starts_with("a "); }),
+                  row.lastHeard)
+            << row.asked << " " << row.what;
+        EXPECT_EQ(now.log.back(), "root destroy") << row.asked << " " << row.what;
+    }
+}
+
+TEST_F(PropertySheet, aPageThatIsTooLargeFollowsTheKeys) {
+    const MemoryDialog large(std::vector<DialogItem>(60, {u"Edit", WS_TABSTOP, 9, u""}));
+    now.onInit = [&](PROPSHEETUI_INFO& info) {
+        addPage(info, 0, "a", large.get());
+        return 1;
+    };
+    const auto isSeen = [](HWND sheet) {
+        RECT seen;
+        RECT field;
+        GetWindowRect(sheet, &seen);
+        GetWindowRect(GetFocus(), &field);
+        EXPECT_TRUE(field.top >= seen.top && field.bottom <= seen.bottom) << field.top << " to " << field.bottom;
+    };
+    run({[&](HWND sheet) {
+             isSeen(sheet);
+             SetFocus(GetWindow(GetFocus(), GW_HWNDLAST));
+         },
+         isSeen});
+}
+
+TEST_F(PropertySheet, aPageIsFoundByItsTemplateAndTellsWhoMadeIt) {
+    now.onInit = [](PROPSHEETUI_INFO& info) {
+        play->records[0].pfnCallback = pageCallback;
+        addPage(info, 0, "a");
+        return 1;
+    };
+    run({[](HWND sheet) { EXPECT_FALSE(SendMessageW(sheet, PSM_SETCURSELID, 0, 5)) << "it comes from memory"; },
+         press(PSBTN_HELP)});
+    EXPECT_THAT(now.log,
+                ElementsAre("root header", "root init", "callback add", "callback create", "a init", "a set active",
+                            "a help", "a query cancel", "a reset", "a destroy", "callback release", "root destroy"));
 }
 
 TEST_F(PropertySheet, aResultClimbsThroughAllGroups) {

@@ -171,9 +171,10 @@ TEST(TrackbarWindow, tellsWhatTheUserDoesAndNotWhatTheProgramDoes) {
         int position;
     };
     const KeyRow rows[] = {
-        {Qt::Key_Right, "across 1, across 8", 1},   {Qt::Key_Left, "across 0, across 8", -1},
-        {Qt::Key_PageUp, "across 3, across 8", 40}, {Qt::Key_PageDown, "across 2, across 8", -40},
-        {Qt::Key_Home, "across 6, across 8", -100}, {Qt::Key_End, "across 7, across 8", 100},
+        {Qt::Key_Right, "across 1, across 8", 1},    {Qt::Key_Left, "across 0, across 8", -1},
+        {Qt::Key_Down, "across 1, across 8", 1},     {Qt::Key_Up, "across 0, across 8", -1},
+        {Qt::Key_PageUp, "across 2, across 8", -40}, {Qt::Key_PageDown, "across 3, across 8", 40},
+        {Qt::Key_Home, "across 6, across 8", -100},  {Qt::Key_End, "across 7, across 8", 100},
     };
     LRESULT seen = -1;
     stage.answer = [&](UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
@@ -328,6 +329,7 @@ TEST(ToolTipWindow, keepsTheTextsOfItsTools) {
                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, button, nullptr, nullptr, nullptr);
     ASSERT_NE(tips, nullptr);
     EXPECT_FALSE(IsWindowVisible(tips));
+    EXPECT_TRUE(GetParent(tips) == button && !IsChild(button, tips)) << "it stands on the desktop";
     std::u16string text = u"<b>not bold</b> & so on";
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof tool;

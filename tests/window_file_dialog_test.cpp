@@ -121,7 +121,7 @@ TEST_F(FileDialogTest, takesWhatItsFlagsAllow) {
         {"one that has none", false, OFN_FILEMUSTEXIST, u"bare", 0, u"bare", u""},
         {"a missing file", false, OFN_FILEMUSTEXIST, u"missing.jtif", IDOK, nullptr, u"not found"},
         {"a missing file that may be missing", false, 0, u"missing.jtif", 0, u"missing.jtif", u""},
-        {"a missing folder", true, OFN_PATHMUSTEXIST, u"nowhere\\new.jtif", IDOK, nullptr, u"does not exist"},
+        {"a missing folder", true, OFN_PATHMUSTEXIST, u"nowhere\\new.jtif", IDOK, nullptr, u"Directory not found"},
         {"a new file", true, OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT, u"new", 0, u"new.jtif", u""},
         {"a folder of it", true, OFN_PATHMUSTEXIST, u"inner\\new", 0, u"inner/new.jtif", u""},
         {"an old file, yes", true, OFN_OVERWRITEPROMPT, u"there", IDYES, u"there.jtif", u"already exists"},

@@ -4,7 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <Qt>
+#include <QApplication>
+#include <QListView>
 
 #include <functional>
 #include <optional>
@@ -265,6 +266,7 @@ TEST_F(ListViewTest, keepsEverythingWhenTheViewChanges) {
     EXPECT_GT(inReport.top, 10) << "under the header";
     HIMAGELIST images = ImageList_Create(32, 32, ILC_MASK, 1, 1);
     window_->send(LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
+    EXPECT_EQ(QApplication::activeWindow()->findChild<QListView*>(), nullptr) << "a view takes time to make";
     for (DWORD view : {LVS_ICON, LVS_LIST, LVS_REPORT, LVS_ICON, LVS_LIST}) {
         SCOPED_TRACE(view);
         setStyle(LVS_TYPEMASK, view);

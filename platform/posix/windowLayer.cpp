@@ -12,6 +12,7 @@ namespace {
 
 struct Loaded {
     std::mutex mutex;
+    WindowLayerEntry entry = nullptr;
     std::atomic<const WindowLayer*> layer = nullptr;
     std::atomic<std::thread::id> thread;
 };
@@ -32,17 +33,16 @@ WindowLayerEntry findEntry() {
     return library == nullptr ? nullptr : reinterpret_cast<WindowLayerEntry>(::dlsym(library, windowLayerEntry));
 }
 
-// A display may come later, so the layer is asked again each time.
+// A display may come later, and the application whose windows these are may have gone, so the layer is asked each time.
 const WindowLayer* load() {
     std::lock_guard lock(loaded().mutex);
-    if (loaded().layer == nullptr) {
-        WindowLayerEntry entry = findEntry();
-        require(entry != nullptr, ERROR_MOD_NOT_FOUND);
-        loaded().thread = std::this_thread::get_id();
-        loaded().layer = entry();
-    }
-    bool isHere = loaded().layer != nullptr && loaded().thread == std::this_thread::get_id();
-    require(isHere, ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION);
+    if (loaded().entry == nullptr) loaded().entry = findEntry();
+    require(loaded().entry != nullptr, ERROR_MOD_NOT_FOUND);
+    bool isOthers = loaded().layer != nullptr && loaded().thread != std::this_thread::get_id();
+    require(!isOthers, ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION);
+    loaded().thread = std::this_thread::get_id();
+    loaded().layer = loaded().entry();
+    require(loaded().layer != nullptr, ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION);
     return loaded().layer;
 }
 

@@ -59,24 +59,38 @@ bool hasWaylandDisplay() {
     return connects(display.front() == '/' ? display : environment("XDG_RUNTIME_DIR") + "/" + display);
 }
 
-// The connection is tried with the library that the toolkit uses: it knows every form of DISPLAY, and the cookies.
-bool hasXDisplay() {
-    if (environment("DISPLAY").empty()) return false;
-    using Connect = void* (*)(const char*, int*);
-    using Ask = int (*)(void*);
-    using Close = void (*)(void*);
-    void* library = ::dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) return false;
-    auto connect = reinterpret_cast<Connect>(::dlsym(library, "xcb_connect"));
-    auto hasError = reinterpret_cast<Ask>(::dlsym(library, "xcb_connection_has_error"));
-    auto disconnect = reinterpret_cast<Close>(::dlsym(library, "xcb_disconnect"));
-    if (connect == nullptr || hasError == nullptr || disconnect == nullptr) return false;
-    void* connection = connect(nullptr, nullptr);
-    bool isThere = hasError(connection) == 0;
-    disconnect(connection);
-    ::dlclose(library);
-    return isThere;
-}
+// The connection is tried with the library that the toolkit uses: it knows every form of DISPLAY, and the cookies. It
+// stays until the toolkit has one of its own: a server that loses its last client may start anew, and is not there
+// meanwhile.
+class XConnection {
+public:
+    XConnection() = default;
+    ~XConnection() {
+        if (connection_ != nullptr) call<void (*)(void*)>("xcb_disconnect")(connection_);
+        if (library_ != nullptr) ::dlclose(library_);
+    }
+    XConnection(const XConnection&) = delete;
+    XConnection& operator=(const XConnection&) = delete;
+
+    bool open() {
+        if (environment("DISPLAY").empty()) return false;
+        library_ = ::dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
+        if (library_ == nullptr) return false;
+        for (const char* name : {"xcb_connect", "xcb_connection_has_error", "xcb_disconnect"})
+            if (::dlsym(library_, name) == nullptr) return false;
+        connection_ = call<void* (*)(const char*, int*)>("xcb_connect")(nullptr, nullptr);
+        return call<int (*)(void*)>("xcb_connection_has_error")(connection_) == 0;
+    }
+
+private:
+    template <typename Function>
+    Function call(const char* name) const {
+        return reinterpret_cast<Function>(::dlsym(library_, name));
+    }
+
+    void* library_ = nullptr;
+    void* connection_ = nullptr;
+};
 
 // The toolkit ends the process over a plug-in that is missing or lacks a library, too.
 bool hasPlugIn(const char* file) {
@@ -84,17 +98,17 @@ bool hasPlugIn(const char* file) {
 }
 
 bool canUseWayland() { return hasWaylandDisplay() && hasPlugIn("libqwayland-generic.so"); }
-bool canUseX() { return hasXDisplay() && hasPlugIn("libqxcb.so"); }
+bool canUseX(XConnection& x) { return x.open() && hasPlugIn("libqxcb.so"); }
 
 // What the toolkit draws with: as QT_QPA_PLATFORM says, or the one kind of display there is. Null when nothing would
 // work, empty when the choice is the toolkit's.
-std::optional<std::string> usablePlatform() {
+std::optional<std::string> usablePlatform(XConnection& connection) {
     if (needsNoDisplay()) return std::string();
     std::string chosen = environment("QT_QPA_PLATFORM");
     bool mayUseWayland = chosen.empty() || chosen.find("wayland") != std::string::npos;
     bool mayUseX = chosen.empty() || chosen.find("xcb") != std::string::npos;
     bool wayland = mayUseWayland && canUseWayland();
-    bool x = mayUseX && canUseX();
+    bool x = mayUseX && canUseX(connection);
     if (wayland && x) return std::string();
     if (wayland) return "wayland";
     if (x) return "xcb";
@@ -211,7 +225,8 @@ void startOwn(const std::string& platform) {
 
 bool startApplication() {
     if (QCoreApplication::instance() == nullptr) {
-        std::optional<std::string> platform = usablePlatform();
+        XConnection connection;
+        std::optional<std::string> platform = usablePlatform(connection);
         if (!platform) platform = memoryPlatform();
         if (platform) startOwn(*platform);
         return platform.has_value();

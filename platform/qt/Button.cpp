@@ -6,8 +6,10 @@
 #include "platform/qt/controlClasses.h"
 #include "platform/qt/ownerDraw.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionButton>
@@ -63,9 +65,14 @@ private:
     bool isAuto_;
 };
 
+// Which ones belong together the styles say, so for the toolkit each stands in a group alone. It still counts as one
+// that excludes others: that is what a screen reader calls a radio button.
 class RadioButton : public QRadioButton {
 public:
-    RadioButton(bool isAuto, QWidget* parent) : QRadioButton(parent), isAuto_(isAuto) { setAutoExclusive(false); }
+    RadioButton(bool isAuto, QWidget* parent) : QRadioButton(parent), isAuto_(isAuto) {
+        alone_.setExclusive(false);
+        alone_.addButton(this);
+    }
     std::function<void()> chosen;
 
 protected:
@@ -77,9 +84,11 @@ protected:
     }
 
 private:
+    QButtonGroup alone_;
     bool isAuto_;
 };
 
+// Programs draw what it looks like, and leave out the focus.
 class DrawnButton : public QAbstractButton {
 public:
     using QAbstractButton::QAbstractButton;
@@ -88,6 +97,16 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         if (draw) draw();
+        if (hasFocus()) drawFocus();
+    }
+
+private:
+    void drawFocus() {
+        constexpr qreal roundness = 2.5;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), roundness, roundness);
     }
 };
 

@@ -244,6 +244,7 @@ LRESULT ComboBox::remove(WPARAM row) {
 LRESULT ComboBox::clear() {
     QSignalBlocker quiet(&box_);
     box_.clear();
+    if (field_ != nullptr) setText(0);
     return CB_OKAY;
 }
 

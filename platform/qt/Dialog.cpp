@@ -87,7 +87,7 @@ bool Dialog::isBlocked(const Window& window) noexcept {
 INT_PTR Dialog::runModal() {
     QPointer<Dialog> self = this;
     Window* ownedBy = owner();
-    if (!isEnded_) {
+    if (!isEnded_ && handle() != nullptr) {
         if (ownedBy == nullptr) keepAbove(*widget(), QApplication::activeWindow());
         Running running(*this);
         QEventLoop loop;

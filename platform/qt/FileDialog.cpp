@@ -180,32 +180,33 @@ bool FileDialog::isAllowed(const QString& path) {
     if (choice_.wants(OFN_NOVALIDATE)) return true;
     bool mustBeThere = choice_.wants(OFN_FILEMUSTEXIST);
     if ((mustBeThere || choice_.wants(OFN_PATHMUSTEXIST)) && !file.dir().exists())
-        return refuse(path, QStringLiteral("The folder does not exist. Check the path and try again."));
+        return refuse(file, "%1\nDirectory not found.\nPlease verify the correct directory name was given.");
     if (mustBeThere && !file.exists())
-        return refuse(path, QStringLiteral("The file was not found. Check the name and try again."));
-    if (file.exists() && !file.isFile()) return refuse(path, QStringLiteral("This is no file. Choose another name."));
+        return refuse(file, "%1\nFile not found.\nPlease verify the correct file name was given.");
+    if (file.exists() && !file.isFile()) return refuse(file, "%1\nThis is no file. Choose another name.");
     if (isSave_ && file.exists() && choice_.wants(OFN_NOREADONLYRETURN) && !file.isWritable())
-        return refuse(path, QStringLiteral("The file cannot be changed. Choose another name."));
+        return refuse(file, "%1\nThe file cannot be changed. Choose another name.");
     if (isSave_ && file.exists() && choice_.wants(OFN_OVERWRITEPROMPT))
-        return ask(path, QStringLiteral("The file already exists. Do you want to replace it?"));
+        return ask(file, "%1 already exists.\nDo you want to replace it?");
     if (!file.exists() && choice_.wants(OFN_CREATEPROMPT))
-        return ask(path, QStringLiteral("The file does not exist. Do you want to create it?"));
+        return ask(file, "%1 does not exist.\nDo you want to create it?");
     return true;
 }
 
-bool FileDialog::refuse(const QString& path, const QString& why) {
+bool FileDialog::refuse(const QFileInfo& file, const char* why) {
     QPointer<FileDialog> self = this;
-    showBox(path, why, MB_OK | MB_ICONWARNING);
+    showBox(file, why, MB_OK | MB_ICONWARNING);
     if (self != nullptr && handle() != nullptr) chooser_.nameField().selectAll();
     return false;
 }
 
-bool FileDialog::ask(const QString& path, const QString& question) {
-    return showBox(path, question, MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
+bool FileDialog::ask(const QFileInfo& file, const char* question) {
+    return showBox(file, question, MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
 }
 
-int FileDialog::showBox(const QString& path, const QString& text, UINT type) {
-    std::u16string body = (QFileInfo(path).fileName() + u'\n' + text).toStdU16String();
+// In the user's language, as far as the toolkit's own dialog says the same.
+int FileDialog::showBox(const QFileInfo& file, const char* text, UINT type) {
+    std::u16string body = QCoreApplication::translate("QFileDialog", text).arg(file.fileName()).toStdU16String();
     std::u16string caption = chooser_.windowTitle().toStdU16String();
     return ::MessageBoxW(handle(), toWide(body), toWide(caption), type);
 }

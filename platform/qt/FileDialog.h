@@ -8,6 +8,7 @@
 #include <QPointer>
 
 class FileChooser;
+class QFileInfo;
 
 // The field with the name, in the published dialog a combo box.
 inline constexpr WORD fileNameFieldId = 0x047C;
@@ -28,9 +29,10 @@ private:
     QString typedPath() const;
     void accept();
     bool isAllowed(const QString& path);
-    bool refuse(const QString& path, const QString& why);
-    bool ask(const QString& path, const QString& question);
-    int showBox(const QString& path, const QString& text, UINT type);
+    // The texts have the place of the file's name as %1.
+    bool refuse(const QFileInfo& file, const char* why);
+    bool ask(const QFileInfo& file, const char* question);
+    int showBox(const QFileInfo& file, const char* text, UINT type);
 
     FileChooser& chooser_;
     FileChoice& choice_;

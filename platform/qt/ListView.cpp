@@ -27,15 +27,17 @@ ListView::ListView(std::unique_ptr<ListViewSurface> surface, const WindowTraits&
       items_(surface_.items()),
       states_(items_, surface_.selection(), [this](UINT code, NMLISTVIEW& note) { return notify(note.hdr, code); }),
       input_(surface_, states_, [this](UINT code, NMHDR& header) { return notify(header, code); }) {
-    watch(surface_.report());
-    watch(surface_.icons());
-    connect(surface_.report().header(), &QHeaderView::sectionClicked, this, [this](int column) {
-        NMLISTVIEW note{};
-        note.iItem = -1;
-        note.iSubItem = column;
-        notify(note.hdr, LVN_COLUMNCLICK);
-    });
+    surface_.iconsMade = [this](ListViewIcons& icons) { adopt(icons); };
+    surface_.reportMade = [this](ListViewReport& report) {
+        adopt(report);
+        connect(report.header(), &QHeaderView::sectionClicked, this, [this](int column) { notifyColumn(column); });
+    };
     ListView::styleChanged(0, 0);
+}
+
+void ListView::adopt(QAbstractItemView& view) {
+    view.setSelectionModel(&surface_.selection());
+    watch(view);
 }
 
 void ListView::styleChanged(DWORD before, DWORD extendedBefore) {
@@ -127,17 +129,16 @@ LRESULT ListView::answerStates(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT ListView::answerColumns(UINT message, WPARAM wParam, LPARAM lParam) {
     int column = static_cast<int>(wParam);
-    ListViewReport& report = surface_.report();
     auto* description = recordAt<LVCOLUMNW>(lParam);
     switch (message) {
     case LVM_INSERTCOLUMNW:
-        return description == nullptr ? -1 : report.insertColumn(column, *description);
+        return description == nullptr ? -1 : surface_.report().insertColumn(column, *description);
     case LVM_SETCOLUMNW:
-        return description != nullptr && report.writeColumn(column, *description) ? TRUE : FALSE;
+        return description != nullptr && surface_.report().writeColumn(column, *description) ? TRUE : FALSE;
     case LVM_GETCOLUMNW:
-        return description != nullptr && report.readColumn(column, *description) ? TRUE : FALSE;
+        return description != nullptr && surface_.report().readColumn(column, *description) ? TRUE : FALSE;
     case LVM_DELETECOLUMN:
-        return report.deleteColumn(column) ? TRUE : FALSE;
+        return surface_.report().deleteColumn(column) ? TRUE : FALSE;
     case LVM_SETCOLUMNWIDTH:
         return setColumnWidth(column, static_cast<SHORT>(LOWORD(lParam)));
     case LVM_GETCOLUMNWIDTH:
@@ -277,14 +278,14 @@ void ListView::destroyImageLists() {
 }
 
 LRESULT ListView::setColumnWidth(int column, int width) {
-    if (surface_.look().isReport() || surface_.report().hasColumn(column))
+    if (surface_.look().isReport() || surface_.hasColumn(column))
         return surface_.report().setWidthOf(column, width) ? TRUE : FALSE;
     surface_.icons().setColumnWidth(std::max(width, 0));
     return TRUE;
 }
 
 LRESULT ListView::columnWidth(int column) {
-    if (surface_.report().hasColumn(column)) return surface_.report().header()->sectionSize(column);
+    if (surface_.hasColumn(column)) return surface_.report().header()->sectionSize(column);
     return surface_.look().isReport() ? 0 : surface_.icons().columnWidth();
 }
 
@@ -312,6 +313,13 @@ LRESULT ListView::hitTest(LVHITTESTINFO* test) {
     test->iItem = hit.row;
     test->iSubItem = hit.column;
     return hit.row;
+}
+
+void ListView::notifyColumn(int column) {
+    NMLISTVIEW note{};
+    note.iItem = -1;
+    note.iSubItem = column;
+    notify(note.hdr, LVN_COLUMNCLICK);
 }
 
 LRESULT ListView::notifyItem(UINT code, int row) {

@@ -17,6 +17,7 @@ public:
     void place(const QRect& area) override;
 
 private:
+    void adopt(QAbstractItemView& view);
     LRESULT answerItems(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT answerStates(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT answerColumns(UINT message, WPARAM wParam, LPARAM lParam);
@@ -41,6 +42,7 @@ private:
 
     HIMAGELIST& imageList(WPARAM which);
     void destroyImageLists();
+    void notifyColumn(int column);
     LRESULT notifyItem(UINT code, int row);
 
     ListViewSurface& surface_;

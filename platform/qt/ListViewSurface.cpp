@@ -27,36 +27,58 @@ QFrame::Shape frameOf(DWORD style, DWORD extendedStyle) {
 
 } // namespace
 
-ListViewSurface::ListViewSurface(QWidget* parent)
-    : QWidget(parent),
-      report_(std::make_unique<ListViewReport>(look_, items_, this)),
-      icons_(std::make_unique<ListViewIcons>(look_, this)) {
-    icons_->setModel(&items_);
-    for (QAbstractItemView* view : {&report_->view(), &icons_->view()}) {
-        view->setSelectionModel(&selection_);
-        view->hide();
-    }
-}
+ListViewSurface::ListViewSurface(QWidget* parent) : QWidget(parent) {}
 
 ListViewSurface::~ListViewSurface() = default;
 
-ListViewFace& ListViewSurface::face() noexcept {
-    if (look_.isReport()) return *report_;
+ListViewReport& ListViewSurface::report() {
+    if (report_ == nullptr) {
+        report_ = std::make_unique<ListViewReport>(look_, items_, this);
+        report_->hide();
+        dress(*report_);
+        if (reportMade) reportMade(*report_);
+    }
+    return *report_;
+}
+
+ListViewIcons& ListViewSurface::icons() {
+    if (icons_ == nullptr) {
+        icons_ = std::make_unique<ListViewIcons>(look_, this);
+        icons_->setModel(&items_);
+        icons_->hide();
+        dress(*icons_);
+        if (iconsMade) iconsMade(*icons_);
+    }
     return *icons_;
 }
 
+ListViewFace& ListViewSurface::face() {
+    if (look_.isReport()) return report();
+    return icons();
+}
+
+void ListViewSurface::dress(QAbstractItemView& view) const {
+    auto scrollBars = (style_ & LVS_NOSCROLL) != 0 ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+    view.setFrameShape(frameOf(style_, extendedStyle_));
+    view.setHorizontalScrollBarPolicy(scrollBars);
+    view.setVerticalScrollBarPolicy(scrollBars);
+    if (&view == report_.get())
+        report_->setHeader((style_ & LVS_NOCOLUMNHEADER) == 0, (style_ & LVS_NOSORTHEADER) == 0);
+}
+
 void ListViewSurface::follow(DWORD style, DWORD extendedStyle) {
-    bool hadFocus = view().hasFocus();
+    style_ = style;
+    extendedStyle_ = extendedStyle;
+    bool hadFocus = focusProxy() != nullptr && focusProxy()->hasFocus();
     look_.view = viewOf(style);
-    report_->setHeader((style & LVS_NOCOLUMNHEADER) == 0, (style & LVS_NOSORTHEADER) == 0);
-    for (QAbstractItemView* other : {&report_->view(), &icons_->view()}) {
-        other->setFrameShape(frameOf(style, extendedStyle));
-        auto scrollBars = (style & LVS_NOSCROLL) != 0 ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
-        other->setHorizontalScrollBarPolicy(scrollBars);
-        other->setVerticalScrollBarPolicy(scrollBars);
-        if (other != &view()) other->hide();
+    for (QAbstractItemView* made :
+         {static_cast<QAbstractItemView*>(report_.get()), static_cast<QAbstractItemView*>(icons_.get())}) {
+        if (made == nullptr) continue;
+        dress(*made);
+        if (made != &view()) made->hide();
     }
     setFocusProxy(&view());
+    view().setAccessibleName(accessibleName());
     view().show();
     if (hadFocus) view().setFocus();
     arrange();
@@ -109,9 +131,10 @@ bool ListViewSurface::reveal(int row, bool partlyIsEnough) {
     bool isVisible = partlyIsEnough ? view().viewport()->rect().intersects(cell)
                                     : cell.top() >= 0 && cell.bottom() < view().viewport()->height();
     if (look_.isReport() && isVisible) return true;
-    int sideways = report_->horizontalScrollBar()->value();
+    // A table shows the row and stays where it is from left to right.
+    int sideways = view().horizontalScrollBar()->value();
     view().scrollTo(items_.index(row, 0));
-    if (look_.isReport()) report_->horizontalScrollBar()->setValue(sideways);
+    if (look_.isReport()) view().horizontalScrollBar()->setValue(sideways);
     return true;
 }
 

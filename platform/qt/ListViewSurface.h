@@ -9,6 +9,7 @@
 #include <QItemSelectionModel>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class ListViewSurface : public QWidget {
@@ -24,14 +25,20 @@ public:
     explicit ListViewSurface(QWidget* parent);
     ~ListViewSurface() override;
 
+    // A view is made when it is first wanted: to make one takes time, and most lists are never shown in the other.
+    std::function<void(ListViewReport&)> reportMade;
+    std::function<void(ListViewIcons&)> iconsMade;
+
     ListViewItems& items() noexcept { return items_; }
     QItemSelectionModel& selection() noexcept { return selection_; }
     ListViewLook& look() noexcept { return look_; }
-    // There in every view: it knows the columns.
-    ListViewReport& report() noexcept { return *report_; }
-    ListViewIcons& icons() noexcept { return *icons_; }
-    ListViewFace& face() noexcept;
-    QAbstractItemView& view() noexcept { return face().view(); }
+    // It knows the columns in every view.
+    ListViewReport& report();
+    ListViewIcons& icons();
+    ListViewFace& face();
+    QAbstractItemView& view() { return face().view(); }
+    // Without making a view for the answer.
+    bool hasColumn(int column) const { return report_ != nullptr && report_->hasColumn(column); }
 
     // By the list view styles of a window. Items, columns, selection and focus stay.
     void follow(DWORD style, DWORD extendedStyle);
@@ -52,7 +59,10 @@ protected:
 
 private:
     ListViewDelegate& delegate() { return static_cast<ListViewDelegate&>(*view().itemDelegate()); }
+    void dress(QAbstractItemView& view) const;
 
+    DWORD style_ = 0;
+    DWORD extendedStyle_ = 0;
     ListViewLook look_;
     ListViewItems items_;
     QItemSelectionModel selection_{&items_};

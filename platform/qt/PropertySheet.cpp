@@ -1,13 +1,14 @@
 #include "platform/qt/PropertySheet.h"
 
 #include "platform/controls.h"
+#include "platform/posix/service.h"
 #include "platform/qt/SheetKeys.h"
 #include "platform/qt/SheetTabs.h"
 #include "platform/qt/controlClasses.h"
 #include "platform/qt/keyboard.h"
 #include "platform/qt/windowCalls.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QScreen>
 #include <QScrollArea>
@@ -26,7 +27,8 @@ struct ButtonRow {
     WPARAM button;
     WORD id;
 };
-constexpr ButtonRow buttonRows[] = {{PSBTN_OK, IDOK}, {PSBTN_APPLYNOW, applyId}, {PSBTN_CANCEL, IDCANCEL}};
+constexpr ButtonRow buttonRows[] = {
+    {PSBTN_OK, IDOK}, {PSBTN_APPLYNOW, applyId}, {PSBTN_CANCEL, IDCANCEL}, {PSBTN_HELP, IDHELP}};
 
 class Flag {
 public:
@@ -115,10 +117,10 @@ void PropertySheet::layOut(const Options& options) {
     new SheetKeys(*this, [this](int step) { activate(tabs_->neighbour(step)); });
 }
 
-// A page larger than the screen can be scrolled.
+// A page larger than the screen can be scrolled, and follows the keys.
 QWidget* PropertySheet::makeFrame() {
     const QSize size = pageSize();
-    const QSize room = QGuiApplication::primaryScreen()->availableSize() - QSize(frameRoom / 2, frameRoom);
+    const QSize room = QApplication::primaryScreen()->availableSize() - QSize(frameRoom / 2, frameRoom);
     auto* area = new QScrollArea(widget());
     area->setFrameShape(QFrame::NoFrame);
     frame_ = new QWidget;
@@ -126,6 +128,9 @@ QWidget* PropertySheet::makeFrame() {
     area->setWidget(frame_);
     area->setFocusPolicy(Qt::NoFocus);
     area->setMinimumSize(size.boundedTo(room));
+    connect(qApp, &QApplication::focusChanged, area, [area](QWidget*, QWidget* now) {
+        if (now != nullptr && area->widget()->isAncestorOf(now)) area->ensureWidgetVisible(now);
+    });
     return area;
 }
 
@@ -169,6 +174,15 @@ bool PropertySheet::activate(int index) {
     return false;
 }
 
+// The page whose template has that number in its module.
+bool PropertySheet::activateTemplate(ULONG_PTR id) {
+    const auto page = std::ranges::find_if(pages_, [&](const Page& one) {
+        const PROPSHEETPAGEW& record = one.source->record;
+        return (record.dwFlags & PSP_DLGINDIRECT) == 0 && reinterpret_cast<ULONG_PTR>(record.pszTemplate) == id;
+    });
+    return page != pages_.end() && activate(indexOf(*page));
+}
+
 bool PropertySheet::show(int index) {
     Page& page = pages_[static_cast<std::size_t>(index)];
     if (!page.dialog && !make(page)) return false;
@@ -186,7 +200,7 @@ bool PropertySheet::make(Page& page) {
     const PROPSHEETPAGEW& record = page.source->record;
     PROPSHEETPAGEW& own = page.source->record;
     const bool asks = (record.dwFlags & PSP_USECALLBACK) != 0 && record.pfnCallback;
-    if (asks && record.pfnCallback(nullptr, PSPCB_CREATE, &own) == 0) return false;
+    if (asks && service(UINT{0}, [&] { return record.pfnCallback(nullptr, PSPCB_CREATE, &own); }) == 0) return false;
     page.dialog =
         Dialog::create(page.dialogTemplate, record.hInstance, this, record.pfnDlgProc, reinterpret_cast<LPARAM>(&own));
     if (!page.dialog) return false;
@@ -208,6 +222,7 @@ void PropertySheet::press(WORD id) {
     if (id == IDOK && apply(true)) end(IDOK);
     if (id == IDCANCEL) cancel(false);
     if (id == applyId && apply(false)) tell(*current(), PSN_SETACTIVE);
+    if (id == IDHELP) tell(*current(), PSN_HELP);
 }
 
 bool PropertySheet::apply(bool isClosing) {
@@ -222,7 +237,8 @@ bool PropertySheet::apply(bool isClosing) {
 
 // The page that has something to say against it is brought up.
 bool PropertySheet::applyTo(Page& page, bool isClosing) {
-    const LRESULT answer = tell(page, PSN_APPLY, isClosing ? TRUE : FALSE);
+    LRESULT answer = tell(page, PSN_APPLY, isClosing ? TRUE : FALSE);
+    if (page.dialog && page.dialog->hasFailed()) answer = PSNRET_INVALID;
     if (answer != PSNRET_INVALID && answer != PSNRET_INVALID_NOCHANGEPAGE) return true;
     if (answer == PSNRET_INVALID)
         show(indexOf(page));
@@ -291,6 +307,8 @@ std::optional<LRESULT> PropertySheet::answerSheet(UINT message, WPARAM wParam, L
         return 0;
     case PSM_SETCURSEL:
         return isPage(wParam) && activate(static_cast<int>(wParam)) ? TRUE : FALSE;
+    case PSM_SETCURSELID:
+        return activateTemplate(static_cast<ULONG_PTR>(lParam)) ? TRUE : FALSE;
     case PSM_APPLY:
         return !isBusy_ && apply(false) ? TRUE : FALSE;
     case PSM_PRESSBUTTON:

@@ -46,6 +46,7 @@ private:
 
     // False when the page on show does not let go, or the other cannot be made.
     bool activate(int index);
+    bool activateTemplate(ULONG_PTR id);
     bool show(int index);
     bool make(Page& page);
     Page* current();

@@ -1,6 +1,7 @@
 #include "platform/qt/SheetTree.h"
 
 #include "platform/modules.h"
+#include "platform/posix/service.h"
 
 #include <algorithm>
 #include <cstring>
@@ -39,9 +40,16 @@ struct SheetTree::Node {
     std::unique_ptr<SheetPage> page; // of a page
     std::vector<std::unique_ptr<Node>> children;
 
-    LONG call(WORD reason, LPARAM lParam) {
+    // 0, with the last error, when the program let something out.
+    LONG call(WORD reason, LPARAM lParam) noexcept {
         info.Reason = reason;
-        return function(&info, lParam);
+        return service(LONG{0}, [&] { return function(&info, lParam); });
+    }
+
+    // Whoever asked for it hears when the sheet takes the page and when it lets it go.
+    void tellPage(UINT message) noexcept {
+        if (!page || (page->record.dwFlags & PSP_USECALLBACK) == 0 || !page->record.pfnCallback) return;
+        service(UINT{0}, [&] { return page->record.pfnCallback(nullptr, message, &page->record); });
     }
 
     template <typename Visit>
@@ -54,6 +62,7 @@ struct SheetTree::Node {
     ~Node() {
         while (!children.empty())
             children.pop_back();
+        tellPage(PSPCB_RELEASE);
         if (function) call(PROPSHEETUI_REASON_DESTROY, info.Result == CPSUI_CANCEL ? FALSE : TRUE);
     }
 };
@@ -177,6 +186,7 @@ HANDLE SheetTree::addPage(Node& parent, const PROPSHEETPAGEW* record) {
     node.page = std::make_unique<SheetPage>();
     node.page->record = copyOf(*record);
     node.page->title = titleOf(node.page->record);
+    node.tellPage(PSPCB_ADDREF);
     return node.handle;
 }
 

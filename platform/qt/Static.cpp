@@ -221,6 +221,8 @@ int Static::textFlags() const {
     if (kind == SS_CENTER) flags |= Qt::AlignHCenter;
     if (kind == SS_RIGHT) flags |= Qt::AlignRight;
     if ((style() & SS_CENTERIMAGE) != 0) return flags | Qt::AlignVCenter | Qt::TextSingleLine;
+    // As a field does, in the middle of a word that is longer than the line.
+    if ((style() & SS_EDITCONTROL) != 0) flags |= Qt::TextWrapAnywhere;
     return kind <= SS_RIGHT ? flags | Qt::TextWordWrap : flags;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/qt/TickedSlider.h"
 
+#include <QKeyEvent>
 #include <QStyleOptionSlider>
 #include <QStylePainter>
 
@@ -13,6 +14,21 @@ constexpr int tickLength = 4;
 constexpr int leastDistance = 3;
 
 } // namespace
+
+void TickedSlider::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Up:
+        return triggerAction(SliderSingleStepSub);
+    case Qt::Key_Down:
+        return triggerAction(SliderSingleStepAdd);
+    case Qt::Key_PageUp:
+        return triggerAction(SliderPageStepSub);
+    case Qt::Key_PageDown:
+        return triggerAction(SliderPageStepAdd);
+    default:
+        return QSlider::keyPressEvent(event);
+    }
+}
 
 void TickedSlider::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
@@ -33,7 +49,7 @@ int TickedSlider::placeOf(int value) const {
     bool isAcross = orientation() == Qt::Horizontal;
     int handle = style()->pixelMetric(QStyle::PM_SliderLength, nullptr, this);
     int room = (isAcross ? width() : height()) - handle;
-    return QStyle::sliderPositionFromValue(minimum(), maximum(), value, room, !isAcross) + handle / 2;
+    return QStyle::sliderPositionFromValue(minimum(), maximum(), value, room) + handle / 2;
 }
 
 void TickedSlider::drawTicks(QPainter& painter) const {

@@ -1,4 +1,5 @@
-// A slider whose tick marks are seen on a light window and on a dark one.
+// A slider whose tick marks are seen on a light window and on a dark one, and whose keys are the published ones: up and
+// Page Up go where left goes, to the lower numbers.
 #pragma once
 
 #include <QSlider>
@@ -9,6 +10,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void drawTicks(QPainter& painter) const;

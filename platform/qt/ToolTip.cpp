@@ -241,9 +241,8 @@ void ToolTip::showNow() {
 
 } // namespace
 
-// The window itself is never seen.
+// The window itself is never seen. As published it stands on the desktop and is no part of what it explains.
 std::unique_ptr<Window> makeToolTip(const WindowTraits& traits, QWidget* parent) {
-    auto widget = std::make_unique<QWidget>(parent);
-    widget->hide();
+    auto widget = std::make_unique<QWidget>(parent, Qt::ToolTip);
     return std::make_unique<ToolTip>(std::move(widget), traits);
 }

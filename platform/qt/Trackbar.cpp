@@ -68,6 +68,8 @@ private:
 
 Trackbar::Trackbar(std::unique_ptr<QSlider> slider, const WindowTraits& traits) : Window(std::move(slider), traits) {
     this->slider()->setTickPosition(ticksOf(traits.style));
+    // An upright one has its lowest number at the top.
+    this->slider()->setInvertedAppearance((traits.style & TBS_VERT) != 0);
     if ((traits.style & TBS_AUTOTICKS) != 0) this->slider()->setTickInterval(1);
     setRange(0, 100);
     connect(this->slider(), &QSlider::actionTriggered, this, [this](int action) { acted(action); });

@@ -168,9 +168,12 @@ LRESULT Window::send(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
         }
     } leave{depth_};
     try {
-        return procedure_(handle_, message, wParam, lParam);
+        LRESULT answer = procedure_(handle_, message, wParam, lParam);
+        hasFailed_ = false;
+        return answer;
     } catch (...) {
         // Below lie the toolkit's frames and the program's: none of them is made for what its procedure lets out.
+        hasFailed_ = true;
         SetLastError(errorOfCurrentException());
         return 0;
     }

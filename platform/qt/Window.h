@@ -67,6 +67,8 @@ public:
     // Through the window's procedure, subclasses included. What that lets out ends here: the answer is then 0, with the
     // last error.
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) noexcept;
+    // Whether the last message ended in that way.
+    bool hasFailed() const noexcept { return hasFailed_; }
     // What the class itself answers: the end of the chain of procedures. A control overrides it, and hands on what it
     // does not know.
     virtual LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam);
@@ -144,6 +146,7 @@ private:
     Delivery* delivery_ = nullptr;
     int depth_ = 0;
     bool isGoing_ = false;
+    bool hasFailed_ = false;
 };
 
 // Copies a text as WM_GETTEXT does: at most size - 1 characters and a terminator. The number copied.

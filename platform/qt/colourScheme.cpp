@@ -1,9 +1,10 @@
 #include "platform/qt/colourScheme.h"
 
+#include "platform/qt/DesktopColourScheme.h"
+#include "platform/qt/Dialog.h"
+#include "platform/qt/windowCalls.h"
+
 #include <QApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVariant>
 #include <QPalette>
 
 #include <optional>
@@ -47,36 +48,40 @@ QPalette paletteOf(const Scheme& scheme) {
     return palette;
 }
 
-// What the desktop prefers, as every desktop tells it that has a portal; nothing where none answers at once.
-std::optional<bool> desktopPrefersDark() {
-    constexpr int patience = 250; // milliseconds
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) return std::nullopt;
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
-    question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
-    QDBusMessage reply = bus.call(question, QDBus::Block, patience);
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) return std::nullopt;
-    // A value in a value: 0 no preference, 1 dark, 2 light.
-    auto outer = qvariant_cast<QDBusVariant>(reply.arguments().constFirst());
-    uint preference = qvariant_cast<QDBusVariant>(outer.variant()).variant().toUInt();
-    if (preference == 0) return std::nullopt;
-    return preference == 1;
-}
-
 bool isPaletteDark() {
     constexpr int darkest = 128;
     return QApplication::palette().color(QPalette::Window).lightness() < darkest;
 }
 
-bool wantsDark() {
+// As KOLMA_COLOR_SCHEME says; nothing where it says nothing.
+std::optional<bool> chosenDark() {
     QString chosen = qEnvironmentVariable("KOLMA_COLOR_SCHEME");
-    if (chosen == "dark" || chosen == "light") return chosen == "dark";
+    if (chosen != "dark" && chosen != "light") return std::nullopt;
+    return chosen == "dark";
+}
+
+// Windows that nobody sees are no part of it.
+bool hasDesktop() {
     bool isSeen = QGuiApplication::platformName() != "offscreen" && QGuiApplication::platformName() != "minimal";
-    return (isSeen ? desktopPrefersDark() : std::nullopt).value_or(isPaletteDark());
+    return isSeen || qEnvironmentVariable("KOLMA_COLOR_SCHEME") == "desktop";
+}
+
+void apply(bool isDark) { QApplication::setPalette(paletteOf(isDark ? dark : light)); }
+
+// Widgets follow by themselves; programs are told.
+void change(bool isDark) {
+    apply(isDark);
+    for (Window* window : Window::all())
+        if (Dialog::of(window) != nullptr) qt::SendMessageW(window->handle(), WM_SYSCOLORCHANGE, 0, 0);
 }
 
 } // namespace
 
-void applyColourScheme() { QApplication::setPalette(paletteOf(wantsDark() ? dark : light)); }
+void followColourScheme() {
+    if (std::optional<bool> isDark = chosenDark()) return apply(*isDark);
+    bool usual = isPaletteDark();
+    auto changed = [usual](std::optional<bool> prefersDark) { change(prefersDark.value_or(usual)); };
+    auto* desktop = new DesktopColourScheme(changed, QCoreApplication::instance());
+    if (hasDesktop()) desktop->listen();
+    apply((hasDesktop() ? DesktopColourScheme::prefersDark() : std::nullopt).value_or(usual));
+}

@@ -33,7 +33,8 @@ HWND noSuchControl() {
     return nullptr;
 }
 
-// The number that the text is, leading spaces aside; what follows it is refused.
+// The number that the text begins with, leading spaces aside; it ends before the first character that is no digit.
+// False for none, and for one that is too large.
 bool parseNumber(std::u16string_view text, bool isSigned, UINT& value) {
     std::string digits;
     for (char16_t unit : text.substr(std::min(text.find_first_not_of(u' '), text.size())))
@@ -42,7 +43,7 @@ bool parseNumber(std::u16string_view text, bool isSigned, UINT& value) {
     int number = 0;
     auto result = isSigned ? std::from_chars(digits.data(), end, number) : std::from_chars(digits.data(), end, value);
     if (isSigned) value = static_cast<UINT>(number);
-    return result.ec == std::errc() && result.ptr == end;
+    return result.ec == std::errc();
 }
 
 bool isRadioButton(const Window& control) {

@@ -41,7 +41,7 @@ WindowTraits traitsOf(const DialogTemplate& dialog, HINSTANCE instance) {
     return {fromWide(dialogClassName), dialog.style, dialog.extendedStyle, 0, dialog.title, 0, instance};
 }
 
-Window* addItem(Dialog& dialog, const DialogItem& item, HINSTANCE instance) {
+Window* addItem(Dialog& dialog, const TemplateItem& item, HINSTANCE instance) {
     const ControlClass* known = item.classOrdinal != 0 ? controlClass(item.classOrdinal) : controlClass(item.className);
     if (known == nullptr) return nullptr;
     WindowTraits traits{
@@ -64,13 +64,14 @@ void nameForReaders(const std::vector<Window*>& controls) {
             if (control->isOfClass(WC_STATICW) && !text.isEmpty()) label = withoutMnemonic(text);
         } else if (!label.isEmpty() && control->widget()->accessibleName().isEmpty()) {
             control->widget()->setAccessibleName(label);
+            if (QWidget* field = control->widget()->focusProxy()) field->setAccessibleName(label);
         }
     }
 }
 
 bool addItems(Dialog& dialog, const DialogTemplate& from, HINSTANCE instance) {
     std::vector<Window*> controls;
-    for (const DialogItem& item : from.items) {
+    for (const TemplateItem& item : from.items) {
         Window* control = addItem(dialog, item, instance);
         if (control == nullptr) return false;
         controls.push_back(control);
@@ -108,12 +109,13 @@ void placeDialog(Dialog& dialog, const DialogTemplate& from) {
         widget.move(owner->widget()->mapToGlobal(area.topLeft()));
 }
 
-// The procedure may say that it set the focus itself, and may have ended all this.
+// The procedure may say that it set the focus itself, and may have ended all this. It may also have shown or enabled
+// the control that comes first now.
 void initialize(Dialog& dialog, LPARAM initParam) {
     HWND first = qt::GetNextDlgTabItem(dialog.handle(), nullptr, FALSE);
     bool wantsFocus = dialog.send(WM_INITDIALOG, reinterpret_cast<WPARAM>(first), initParam) != 0;
     bool mayTakeFocus = dialog.handle() != nullptr && dialog.isTopLevel();
-    if (wantsFocus && mayTakeFocus) focusByKeyboard(first);
+    if (wantsFocus && mayTakeFocus) focusByKeyboard(qt::GetNextDlgTabItem(dialog.handle(), nullptr, FALSE));
 }
 
 } // namespace

@@ -65,8 +65,8 @@ void readPlace(Reader& reader, Placed& placed) {
     placed.height = reader.next<SHORT>();
 }
 
-DialogItem readItem(Reader& reader) {
-    DialogItem item;
+TemplateItem readItem(Reader& reader) {
+    TemplateItem item;
     reader.align();
     item.style = reader.next<DWORD>();
     item.extendedStyle = reader.next<DWORD>();

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-struct DialogItem {
+struct TemplateItem {
     DWORD style = 0;
     DWORD extendedStyle = 0;
     // In dialog units, as all places of a template.
@@ -36,7 +36,7 @@ struct DialogTemplate {
     // 0 where the template names no font.
     WORD pointSize = 0;
     std::u16string faceName;
-    std::vector<DialogItem> items;
+    std::vector<TemplateItem> items;
 };
 
 // Nothing for a template that is cut short, that lies about its items, or that has the extended form. Never reads past

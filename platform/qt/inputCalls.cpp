@@ -73,7 +73,7 @@ BOOL GetCursorPos(LPPOINT lpPoint) {
     return TRUE;
 }
 
-// Of what can be asked for there is the mouse leaving the window.
+// Of what can be asked for there is the mouse leaving the window; that it rests on one nobody is told.
 BOOL TrackMouseEvent(LPTRACKMOUSEEVENT lpEventTrack) {
     if (lpEventTrack == nullptr || lpEventTrack->cbSize != sizeof(TRACKMOUSEEVENT)) {
         SetLastError(ERROR_INVALID_PARAMETER);
@@ -81,7 +81,11 @@ BOOL TrackMouseEvent(LPTRACKMOUSEEVENT lpEventTrack) {
     }
     Window* window = Window::of(lpEventTrack->hwndTrack);
     if (window == nullptr) return FALSE;
-    if ((lpEventTrack->dwFlags & TME_LEAVE) != 0) window->tracksLeave = (lpEventTrack->dwFlags & TME_CANCEL) == 0;
+    if ((lpEventTrack->dwFlags & TME_LEAVE) == 0) {
+        SetLastError(ERROR_NOT_SUPPORTED);
+        return FALSE;
+    }
+    window->tracksLeave = (lpEventTrack->dwFlags & TME_CANCEL) == 0;
     return TRUE;
 }
 

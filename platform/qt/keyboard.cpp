@@ -70,13 +70,23 @@ void pressEnter(Window& focused, Dialog& dialog) {
     press(dialog, HIWORD(defaultButton) == DC_HASDEFID ? LOWORD(defaultButton) : WORD{IDOK});
 }
 
+// The next control of the group; from a radio button the next one of its kind, past the fields that belong to them.
+Window* neighbourInGroup(const Window& focused, bool isBackwards) {
+    HWND handle = focused.handle();
+    for (auto left = focused.parent()->children().size(); left > 0; --left) {
+        handle = qt::GetNextDlgGroupItem(focused.parent()->handle(), handle, isBackwards ? TRUE : FALSE);
+        Window* next = handle == nullptr ? nullptr : Window::of(handle);
+        if (next == nullptr || !isRadioButton(focused) || isRadioButton(*next)) return next;
+    }
+    return nullptr;
+}
+
 void moveInGroup(Window& focused, bool isBackwards) {
-    HWND next = qt::GetNextDlgGroupItem(focused.parent()->handle(), focused.handle(), isBackwards ? TRUE : FALSE);
-    Window* control = next == nullptr ? nullptr : Window::of(next);
-    if (control == nullptr || control == &focused) return;
-    focusByKeyboard(next);
-    if (isRadioButton(*control) && qt::SendMessageW(next, BM_GETCHECK, 0, 0) == LRESULT{BST_UNCHECKED})
-        act(*control, BM_CLICK);
+    Window* next = neighbourInGroup(focused, isBackwards);
+    if (next == nullptr || next == &focused) return;
+    focusByKeyboard(next->handle());
+    if (isRadioButton(*next) && qt::SendMessageW(next->handle(), BM_GETCHECK, 0, 0) == LRESULT{BST_UNCHECKED})
+        act(*next, BM_CLICK);
 }
 
 void askForHelp(Window& focused) {
@@ -104,10 +114,21 @@ bool answersTo(Window& control, QChar letter) {
     return hasMnemonic && isUsable(control) && mnemonicOf(textOf(control)) == letter;
 }
 
+// Where the window stands among the controls, or the control that it is a part of: the field of a combo box is a window
+// of its own. Their number for none of them.
+std::ptrdiff_t placeOf(const std::vector<Window*>& controls, const Window* window) {
+    for (; window != nullptr; window = window->isTopLevel() ? nullptr : window->parent())
+        if (auto at = std::ranges::find(controls, window); at != controls.end()) return at - controls.begin();
+    return std::ssize(controls);
+}
+
+// Null for no window, without a fault.
+const Window* windowOrNone(HWND handle) { return handle == nullptr ? nullptr : Window::of(handle); }
+
 // The next control with the letter behind the focused one, round the dialog.
 Mnemonic findMnemonic(Window& focused, Dialog& dialog, QChar letter) {
     std::vector<Window*> controls = controlsOf(dialog);
-    auto begin = static_cast<std::size_t>(std::ranges::find(controls, &focused) - controls.begin());
+    auto begin = static_cast<std::size_t>(placeOf(controls, &focused));
     Mnemonic found;
     for (std::size_t step = 1; step <= controls.size(); ++step) {
         std::size_t i = (begin + step) % controls.size();
@@ -239,6 +260,8 @@ void focusByKeyboard(HWND handle) {
     Window* control = handle == nullptr ? nullptr : Window::of(handle);
     if (control == nullptr) return;
     LRESULT wanted = control->send(WM_GETDLGCODE);
+    // The toolkit marks the focus only where it has moved it by a key itself.
+    control->widget()->window()->setAttribute(Qt::WA_KeyboardFocusChange);
     control->widget()->setFocus(Qt::TabFocusReason);
     if ((wanted & DLGC_HASSETSEL) != 0) act(*control, EM_SETSEL, 0, -1);
 }
@@ -292,7 +315,7 @@ HWND GetNextDlgTabItem(HWND hDlg, HWND hCtl, BOOL bPrevious) {
     std::vector<Window*> controls = controlsOf(*dialog);
     auto count = std::ssize(controls);
     std::ptrdiff_t step = bPrevious != FALSE ? -1 : 1;
-    auto at = std::ranges::find(controls, hCtl, &Window::handle) - controls.begin();
+    auto at = placeOf(controls, windowOrNone(hCtl));
     if (at == count) at = step > 0 ? -1 : count;
     for (std::ptrdiff_t tried = 0; tried < count; ++tried) {
         at = (at + step + count) % count;
@@ -305,7 +328,7 @@ HWND GetNextDlgGroupItem(HWND hDlg, HWND hCtl, BOOL bPrevious) {
     Window* dialog = Window::of(hDlg);
     if (dialog == nullptr) return nullptr;
     std::vector<Window*> controls = controlsOf(*dialog);
-    auto at = static_cast<std::size_t>(std::ranges::find(controls, hCtl, &Window::handle) - controls.begin());
+    auto at = static_cast<std::size_t>(placeOf(controls, windowOrNone(hCtl)));
     if (at == controls.size()) return nullptr;
     auto [begin, end] = groupRound(controls, at);
     std::size_t size = end - begin;

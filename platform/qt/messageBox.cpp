@@ -94,13 +94,35 @@ constexpr int gap = 8;
 constexpr int iconSide = 32;
 constexpr WORD iconId = 20;
 
-// Wide enough to read, never wider than two thirds of the screen.
-QSize textSize(const QString& text, const QFont& font) {
+QSize workArea() { return QApplication::primaryScreen()->availableGeometry().size(); }
+
+int widestText() { return workArea().width() * 2 / 3; }
+
+struct TextLayout {
+    QSize size;
+    // A word without an end, such as a file's name, does not fit into a line.
+    bool breaksWords;
+};
+
+TextLayout layOut(const QString& text, const QFont& font, int width) {
+    auto measure = [&](int flags) {
+        return QFontMetrics(font).boundingRect(QRect(0, 0, width, 0), flags | Qt::TextExpandTabs, text).size();
+    };
+    QSize size = measure(Qt::TextWordWrap);
+    bool breaksWords = size.width() > width;
+    if (breaksWords) size = measure(Qt::TextWrapAnywhere);
+    return {size + QSize(2, 2), breaksWords};
+}
+
+// Wide enough to read; a long text takes up to two thirds of the screen's width, and leaves room for the buttons.
+TextLayout layOut(const QString& text, const QFont& font) {
     constexpr int comfortable = 460;
-    QRect work = QApplication::primaryScreen()->availableGeometry();
-    int widest = std::min(comfortable, work.width() * 2 / 3);
-    QRect room(0, 0, widest, work.height());
-    return QFontMetrics(font).boundingRect(room, Qt::TextWordWrap | Qt::TextExpandTabs, text).size() + QSize(2, 2);
+    constexpr int roomForTheRest = 160;
+    int highest = std::max(workArea().height() - roomForTheRest, roomForTheRest);
+    TextLayout layout = layOut(text, font, std::min(comfortable, widestText()));
+    if (layout.size.height() > highest / 2) layout = layOut(text, font, widestText());
+    layout.size.setHeight(std::min(layout.size.height(), highest));
+    return layout;
 }
 
 class MessageBox : public Dialog {
@@ -115,7 +137,7 @@ private:
     static WindowTraits traits(UINT type);
     Window& add(ControlFactory make, const WindowTraits& traits, const QRect& area);
     void addIcon();
-    void addText(const QRect& area);
+    void addText(const QRect& area, bool breaksWords);
     void addButtons(int width, int top);
     QSize buttonSize() const;
     int buttonsWidth() const;
@@ -147,12 +169,14 @@ MessageBox::MessageBox(const QString& caption, const QString& text, UINT type, W
     widget()->setWindowTitle(caption);
     bool hasIcon = (type & MB_ICONMASK) != 0;
     int left = margin + (hasIcon ? iconSide + margin : 0);
-    QSize size = textSize(text, widget()->font());
+    TextLayout layout = layOut(text, widget()->font());
+    QSize size = layout.size;
     int height = std::max(size.height(), hasIcon ? iconSide : 0);
-    int width = std::max({left + size.width() + margin, buttonsWidth() + 2 * margin,
-                          QFontMetrics(widget()->font()).horizontalAdvance(caption) + 4 * margin});
+    int width =
+        std::max({left + size.width() + margin, buttonsWidth() + 2 * margin,
+                  std::min(QFontMetrics(widget()->font()).horizontalAdvance(caption), widestText()) + 4 * margin});
     if (hasIcon) addIcon();
-    addText({left, margin + (height - size.height()) / 2, width - left - margin, size.height()});
+    addText({left, margin + (height - size.height()) / 2, width - left - margin, size.height()}, layout.breaksWords);
     int buttonsTop = margin + height + margin;
     addButtons(width, buttonsTop);
     place({0, 0, width, buttonsTop + buttonSize().height() + margin});
@@ -174,8 +198,9 @@ void MessageBox::addIcon() {
     shown->show();
 }
 
-void MessageBox::addText(const QRect& area) {
-    add(&makeStatic, {fromWide(WC_STATICW), WS_CHILD | SS_NOPREFIX, 0, IDC_STATIC, text_.toStdU16String()}, area);
+void MessageBox::addText(const QRect& area, bool breaksWords) {
+    DWORD style = WS_CHILD | SS_NOPREFIX | (breaksWords ? SS_EDITCONTROL : 0);
+    add(&makeStatic, {fromWide(WC_STATICW), style, 0, IDC_STATIC, text_.toStdU16String()}, area);
 }
 
 QSize MessageBox::buttonSize() const {

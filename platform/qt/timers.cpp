@@ -34,9 +34,11 @@ Timers& timers() {
 void fire(const TimerKey& key, TIMERPROC procedure) noexcept {
     try {
         auto now = static_cast<DWORD>(QDateTime::currentMSecsSinceEpoch());
+        Window* window = key.window == nullptr ? nullptr : Window::of(key.window);
+        if (key.window != nullptr && window == nullptr) return;
         if (procedure != nullptr)
             procedure(key.window, WM_TIMER, key.id, now);
-        else if (Window* window = Window::of(key.window))
+        else if (window != nullptr)
             window->send(WM_TIMER, key.id);
     } catch (...) {
         SetLastError(errorOfCurrentException());
