@@ -187,13 +187,20 @@ bool PropertySheet::show(int index) {
     Page& page = pages_[static_cast<std::size_t>(index)];
     if (!page.dialog && !make(page)) return false;
     if (Page* before = current(); before && before != &page && before->dialog) before->dialog->widget()->hide();
+    const bool isBack = shown_ == index;
     shown_ = index;
     tabs_->show(index);
     page.dialog->widget()->show();
     tell(page, PSN_SETACTIVE);
-    if (widget()->focusWidget() != tabs_->widget() && page.dialog)
-        focusByKeyboard(qt::GetNextDlgTabItem(page.dialog->handle(), nullptr, FALSE));
+    if (widget()->focusWidget() != tabs_->widget() && page.dialog) focusPage(*page.dialog, isBack);
     return true;
+}
+
+// A page that takes the user back, since it has something to say, does so to where the user was on it.
+void PropertySheet::focusPage(Dialog& page, bool isBack) {
+    const QWidget* last = isBack ? page.widget()->focusWidget() : nullptr;
+    const Window* at = last && last->isEnabled() && last->isVisible() ? Window::holding(last) : nullptr;
+    focusByKeyboard(at ? at->handle() : qt::GetNextDlgTabItem(page.handle(), nullptr, FALSE));
 }
 
 bool PropertySheet::make(Page& page) {

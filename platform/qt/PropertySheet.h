@@ -48,6 +48,7 @@ private:
     bool activate(int index);
     bool activateTemplate(ULONG_PTR id);
     bool show(int index);
+    void focusPage(Dialog& page, bool isBack);
     bool make(Page& page);
     Page* current();
     Page* pageOf(HWND handle);
