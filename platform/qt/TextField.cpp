@@ -1,3 +1,4 @@
+#include "platform/qt/DialogUnits.h"
 #include "platform/qt/EditField.h"
 
 #include <QKeyEvent>
@@ -29,6 +30,7 @@ public:
         QTextOption option = document()->defaultTextOption();
         option.setAlignment(traits.alignment);
         document()->setDefaultTextOption(option);
+        followFont();
         seen_ = document()->revision();
         connect(this, &QPlainTextEdit::textChanged, this, [this] { report(); });
     }
@@ -73,6 +75,10 @@ public:
     int lineCount() const override { return document()->lineCount(); }
 
 protected:
+    void changeEvent(QEvent* event) override {
+        QPlainTextEdit::changeEvent(event);
+        if (event->type() == QEvent::FontChange) followFont();
+    }
     void insertFromMimeData(const QMimeData* source) override {
         if (source->hasText()) replaceSelection(source->text());
     }
@@ -86,6 +92,12 @@ protected:
     }
 
 private:
+    // As far apart as in every field of the kind.
+    void followFont() {
+        constexpr int tabUnits = 32;
+        setTabStopDistance(DialogUnits(font()).across(tabUnits));
+    }
+
     static bool isTyping(const QKeyEvent& event) {
         bool isEnd = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
         return isEnd || (!event.text().isEmpty() && event.text().at(0).isPrint());
