@@ -166,7 +166,7 @@ TEST_F(ListViewTest, tellsOfEveryChangeInThePublishedOrder) {
         {"all deleted",
          0,
          [&] { window_->send(LVM_DELETEALLITEMS); },
-         {"deleteall -1", "delete 0", "delete 1", "delete 2"}},
+         {"deleteall -1", "delete 2", "delete 1", "delete 0"}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);

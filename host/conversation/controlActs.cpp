@@ -158,8 +158,11 @@ void releaseModifiers(const KeyStroke& key) {
 
 } // namespace
 
+// As the Tab key does it: the text of a field is selected.
 void focusControl(HWND control) {
     requireUsable(control);
+    if (GetFocus() == control) return;
+    SendMessageW(GetParent(control), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
     if (GetFocus() != control) SetFocus(control);
 }
 

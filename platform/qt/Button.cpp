@@ -149,7 +149,7 @@ private:
     LRESULT setImage(WPARAM type, LPARAM image);
     LRESULT click();
     LRESULT press();
-    LRESULT release();
+    LRESULT release(POINT at);
     LRESULT wantedKeys() const;
     void focusChanged(WORD code);
     void uncheckOthers();
@@ -180,7 +180,7 @@ LRESULT Button::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDBLCLK:
         return deliverEvent() ? 0 : press();
     case WM_LBUTTONUP:
-        return deliverEvent() ? 0 : release();
+        return deliverEvent() ? 0 : release(pointOfMouse(lParam));
     case WM_SETFOCUS:
         Window::answer(message, wParam, lParam);
         return focusChanged(BN_SETFOCUS), 0;
@@ -303,11 +303,12 @@ LRESULT Button::press() {
     return setPushed(true);
 }
 
-LRESULT Button::release() {
+// Outside of it the user has thought better of it.
+LRESULT Button::release(POINT at) {
     auto* button = as<QAbstractButton>();
     if (button == nullptr || !button->isDown()) return 0;
     button->setDown(false);
-    button->click();
+    if (button->rect().contains(at.x, at.y)) button->click();
     return 0;
 }
 

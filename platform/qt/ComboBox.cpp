@@ -49,9 +49,12 @@ private:
     LRESULT setData(WPARAM row, LPARAM data);
     LRESULT entryText(WPARAM row, LPARAM buffer);
     LRESULT setText(LPARAM text);
+    LRESULT type(WPARAM unit);
     LRESULT showList(bool show);
     LRESULT droppedRectangle(RECT* rectangle) const;
     LRESULT hearField(WORD code);
+    bool takesFocus(bool isComing);
+    LRESULT tellLoss();
     LRESULT followFont();
     void makeField();
     void listen();
@@ -59,7 +62,10 @@ private:
     DropDownBox& box_;
     // Null for a list without a field.
     Window* field_ = nullptr;
+    TypedSearch search_;
     int droppedHeight_ = 0;
+    // As far as anybody has been told.
+    bool hasFocus_ = false;
 };
 
 ComboBox::ComboBox(std::unique_ptr<DropDownBox> box, const WindowTraits& traits)
@@ -105,10 +111,21 @@ void ComboBox::place(const QRect& area) {
 }
 
 bool ComboBox::translate(QEvent& event) {
-    bool isFocus = event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut;
-    // The list that is open belongs to the box.
-    if (isFocus && static_cast<QFocusEvent&>(event).reason() == Qt::PopupFocusReason) return false;
-    return Window::translate(event);
+    switch (event.type()) {
+    case QEvent::FocusIn:
+        return takesFocus(true) && Window::translate(event);
+    case QEvent::FocusOut:
+        return takesFocus(false) && Window::translate(event);
+    default:
+        return Window::translate(event);
+    }
+}
+
+// The list that is open belongs to the box, and nobody is told that it has the keys for a while.
+bool ComboBox::takesFocus(bool isComing) {
+    if (isComing == hasFocus_ || (!isComing && box_.isOpen())) return false;
+    hasFocus_ = isComing;
+    return true;
 }
 
 LRESULT ComboBox::answer(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -121,6 +138,8 @@ LRESULT ComboBox::answer(UINT message, WPARAM wParam, LPARAM lParam) {
         return copyText(box_.currentText(), wParam, lParam);
     case WM_GETTEXTLENGTH:
         return box_.currentText().size();
+    case WM_CHAR:
+        return field_ == nullptr && wParam > VK_SPACE ? type(wParam) : Window::answer(message, wParam, lParam);
     case WM_SETFONT:
         Window::answer(message, wParam, lParam);
         return followFont();
@@ -129,7 +148,7 @@ LRESULT ComboBox::answer(UINT message, WPARAM wParam, LPARAM lParam) {
         return notifyCommand(CBN_SETFOCUS), 0;
     case WM_KILLFOCUS:
         Window::answer(message, wParam, lParam);
-        return notifyCommand(CBN_KILLFOCUS), 0;
+        return tellLoss();
     // The field goes before the box, which must not look for it any more.
     case WM_NCDESTROY:
         box_.setFocusProxy(nullptr);
@@ -285,6 +304,13 @@ LRESULT ComboBox::setText(LPARAM text) {
     return TRUE;
 }
 
+// To the entry that begins so; the box's own search stays where it is when a letter comes twice.
+LRESULT ComboBox::type(WPARAM unit) {
+    int row = search_.type(QChar(static_cast<char16_t>(unit)), box_.currentIndex(), box_.count(), textOfRow());
+    if (row >= 0 && row != box_.currentIndex()) box_.choose(row);
+    return 0;
+}
+
 LRESULT ComboBox::showList(bool show) {
     if (show && box_.isVisible())
         box_.showPopup();
@@ -308,12 +334,17 @@ LRESULT ComboBox::hearField(WORD code) {
     case EN_CHANGE:
         return notifyCommand(CBN_EDITCHANGE);
     case EN_SETFOCUS:
-        return notifyCommand(CBN_SETFOCUS);
+        return takesFocus(true) ? notifyCommand(CBN_SETFOCUS) : 0;
     case EN_KILLFOCUS:
-        return notifyCommand(CBN_KILLFOCUS);
+        return takesFocus(false) ? tellLoss() : 0;
     default:
         return 0;
     }
+}
+
+LRESULT ComboBox::tellLoss() {
+    notifyCommand(CBN_SELENDCANCEL);
+    return notifyCommand(CBN_KILLFOCUS), 0;
 }
 
 LRESULT ComboBox::followFont() {

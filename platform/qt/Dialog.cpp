@@ -1,6 +1,7 @@
 #include "platform/qt/Dialog.h"
 
 #include "platform/controls.h"
+#include "platform/qt/keyboard.h"
 #include "platform/qt/windowCalls.h"
 
 #include <QApplication>
@@ -155,7 +156,7 @@ LRESULT Dialog::answerByDefault(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NEXTDLGCTL: {
         HWND next = LOWORD(lParam) != 0 ? reinterpret_cast<HWND>(wParam) // NOLINT: published
                                         : qt::GetNextDlgTabItem(handle(), qt::GetFocus(), wParam != 0);
-        qt::SetFocus(next);
+        focusByKeyboard(next);
         return 0;
     }
     default:

@@ -1,6 +1,7 @@
 #include "platform/qt/DropDownBox.h"
 
 #include <QAbstractItemView>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QStyledItemDelegate>
 #include <QWheelEvent>
@@ -31,6 +32,8 @@ bool isTakingKey(const QKeyEvent& key) {
         return false;
     }
 }
+
+bool isTab(const QKeyEvent& key) { return key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab; }
 
 } // namespace
 
@@ -92,6 +95,10 @@ bool DropDownBox::eventFilter(QObject* watched, QEvent* event) {
     // The list acts on a key when it is asked whether it wants it.
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
+        if (isTab(static_cast<const QKeyEvent&>(*event))) {
+            if (event->type() == QEvent::KeyPress) leaveList(static_cast<const QKeyEvent&>(*event));
+            return event->accept(), true;
+        }
         takes_ = isTakingKey(static_cast<const QKeyEvent&>(*event));
         break;
     case QEvent::Hide:
@@ -102,6 +109,30 @@ bool DropDownBox::eventFilter(QObject* watched, QEvent* event) {
         break;
     }
     return QComboBox::eventFilter(watched, event);
+}
+
+// The Tab key takes the entry under the cursor and goes on from the box.
+void DropDownBox::leaveList(const QKeyEvent& tab) {
+    QKeyEvent take(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(view(), &take);
+    if (isOpen_) hidePopup(); // there was nothing to take
+    QWidget* target = focusProxy() == nullptr ? this : focusProxy();
+    QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, tab.key(), tab.modifiers()));
+}
+
+// From a text that is no entry the arrows begin at the first one.
+void DropDownBox::keyPressEvent(QKeyEvent* event) {
+    bool isArrow =
+        (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) && (event->modifiers() & ~Qt::KeypadModifier) == 0;
+    if (!isArrow || !isEditable() || count() == 0 || currentText() == itemText(currentIndex()))
+        return QComboBox::keyPressEvent(event);
+    choose(0);
+}
+
+void DropDownBox::choose(int row) {
+    setCurrentIndex(row);
+    if (isEditable()) setEditText(itemText(row));
+    emit activated(row);
 }
 
 // A wheel that passes over the box on the way through a page must not change it.

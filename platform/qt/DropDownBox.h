@@ -22,16 +22,21 @@ public:
     int droppedWidth() const { return std::max(droppedWidth_, width()); }
     void setDroppedWidth(int width) { droppedWidth_ = width; }
 
+    // As the user does it with a key that needs no list.
+    void choose(int row);
+
     void showPopup() override;
     void hidePopup() override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     void watchList();
     bool finish(bool isTaken);
+    void leaveList(const QKeyEvent& tab);
 
     int droppedWidth_ = 0;
     bool isOpen_ = false;

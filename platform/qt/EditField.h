@@ -22,7 +22,7 @@ public:
     virtual ~EditField() = default;
 
     virtual QString content() const = 0;
-    // The program's: however long it is, and the user cannot undo it.
+    // The program's: however long it is, and the user cannot undo it. The caret goes to the front.
     virtual void setContent(const QString& text) = 0;
     virtual Span selection() const = 0;
     // The caret goes to the end.

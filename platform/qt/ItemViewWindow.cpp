@@ -25,10 +25,6 @@ void makeShowOnly(QAbstractItemView& view) {
     view.viewport()->setAttribute(Qt::WA_Hover);
 }
 
-POINT pointOfMouse(LPARAM position) noexcept {
-    return {static_cast<SHORT>(LOWORD(position)), static_cast<SHORT>(HIWORD(position))};
-}
-
 bool isKeyHeld(int key) { return qt::GetKeyState(key) < 0; }
 
 void ItemViewWindow::watch(QAbstractItemView& view) {
@@ -59,7 +55,8 @@ bool ItemViewWindow::translateOfView(QObject* watched, QEvent& event) {
             return translate(event), false;
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
-            return translate(event);
+            translate(event);
+            return event.accept(), true; // and not once more on the way up
         default:
             return false;
         }

@@ -16,8 +16,6 @@ std::optional<RowStep> stepOfKey(WPARAM key) noexcept;
 // Takes everything from the view that it would do by itself.
 void makeShowOnly(QAbstractItemView& view);
 
-// Where a mouse message was, in the client area.
-POINT pointOfMouse(LPARAM position) noexcept;
 // Whether the key is held now.
 bool isKeyHeld(int key);
 

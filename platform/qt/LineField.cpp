@@ -28,6 +28,7 @@ public:
         setText(text);
         QLineEdit::setModified(false);
         followLimit();
+        setCursorPosition(0);
     }
     Span selection() const override {
         return hasSelectedText() ? Span{selectionStart(), selectionEnd()} : Span{cursorPosition(), cursorPosition()};
@@ -38,7 +39,12 @@ public:
         else
             setSelection(span.begin, span.end - span.begin);
     }
-    void replaceSelection(const QString& text) override { insert(text); }
+    void replaceSelection(const QString& text) override {
+        Span selected = selection();
+        auto room = std::max(limit_ - (this->text().size() - (selected.end - selected.begin)), qsizetype{0});
+        if (text.size() > room && overflowed) overflowed();
+        insert(text.first(std::min(text.size(), room)));
+    }
     void eraseBack() override { backspace(); }
     void showCaret() override { setCursorPosition(cursorPosition()); }
 

@@ -62,7 +62,7 @@ private:
 
     LRESULT press(WPARAM keys, LPARAM position);
     LRESULT drag(WPARAM keys, LPARAM position);
-    LRESULT doublePress(WPARAM keys, LPARAM position);
+    LRESULT doublePress(LPARAM position);
     LRESULT pressKey(WPARAM key, LPARAM lParam);
     LRESULT type(WPARAM unit);
     int rowAt(LPARAM position) const;
@@ -92,7 +92,7 @@ LRESULT ListBox::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MOUSEMOVE:
         return drag(wParam, lParam);
     case WM_LBUTTONDBLCLK:
-        return doublePress(wParam, lParam);
+        return doublePress(lParam);
     case WM_KEYDOWN:
         return pressKey(wParam, lParam);
     case WM_CHAR:
@@ -277,8 +277,8 @@ LRESULT ListBox::drag(WPARAM keys, LPARAM position) {
     return 0;
 }
 
-LRESULT ListBox::doublePress(WPARAM keys, LPARAM position) {
-    press(keys, position);
+// The press before it has chosen the row.
+LRESULT ListBox::doublePress(LPARAM position) {
     if (rowAt(position) >= 0) tell(LBN_DBLCLK);
     return 0;
 }

@@ -217,7 +217,8 @@ LRESULT ListView::getItemText(int row, const LVITEMW& item) {
 LRESULT ListView::deleteItem(int row) {
     if (!items_.has(row)) return FALSE;
     QPersistentModelIndex item = items_.index(row, 0);
-    notifyItem(LVN_DELETEITEM, row);
+    states_.set(row, 0, LVIS_SELECTED);
+    if (item.isValid()) notifyItem(LVN_DELETEITEM, item.row());
     return item.isValid() && items_.removeRow(item.row()) ? TRUE : FALSE;
 }
 
@@ -225,7 +226,7 @@ LRESULT ListView::deleteAllItems() {
     NMLISTVIEW note{};
     note.iItem = -1;
     bool isSilent = notify(note.hdr, LVN_DELETEALLITEMS) != 0;
-    for (int row = 0; !isSilent && row < items_.rowCount(); ++row)
+    for (int row = items_.rowCount() - 1; !isSilent && items_.has(row); --row)
         notifyItem(LVN_DELETEITEM, row);
     items_.removeRows(0, items_.rowCount());
     return TRUE;

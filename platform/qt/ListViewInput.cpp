@@ -70,17 +70,27 @@ void ListViewInput::press(WPARAM keys, POINT at) {
     bool extend = (keys & MK_SHIFT) != 0;
     bool toggle = (keys & MK_CONTROL) != 0;
     isPressed_ = (keys & MK_RBUTTON) == 0;
-    if ((hit.where & LVHT_ONITEMSTATEICON) != 0 && surface_.look().hasCheckBoxes())
-        states_.toggleCheck(hit.row);
-    else if (hit.isOnItem())
+    const QModelIndex box = boxAt(hit);
+    pressedBox_ = isPressed_ ? box : QModelIndex();
+    if (hit.isOnItem() && !box.isValid())
         states_.choose(hit.row, extend, toggle);
-    else if (!extend && !toggle)
+    else if (!hit.isOnItem() && !extend && !toggle)
         states_.setAll(0, LVIS_SELECTED);
     if (hit.isOnItem()) surface_.reveal(hit.row, false);
 }
 
+// A program hears of the click before the box has turned.
 void ListViewInput::release(POINT at) {
-    if (std::exchange(isPressed_, false)) notifyClick(NM_CLICK, surface_.hit(pointOf(at)), at);
+    ListViewSurface::Hit hit = surface_.hit(pointOf(at));
+    QPersistentModelIndex box = std::exchange(pressedBox_, {});
+    bool isOnBox = box.isValid() && box == boxAt(hit);
+    if (std::exchange(isPressed_, false)) notifyClick(NM_CLICK, hit, at);
+    if (isOnBox && box.isValid()) states_.toggleCheck(box.row());
+}
+
+QModelIndex ListViewInput::boxAt(const ListViewSurface::Hit& hit) const {
+    bool isBox = (hit.where & LVHT_ONITEMSTATEICON) != 0 && surface_.look().hasCheckBoxes();
+    return isBox ? items_.index(hit.row, 0) : QModelIndex();
 }
 
 void ListViewInput::releaseRight(POINT at) { notifyClick(NM_RCLICK, surface_.hit(pointOf(at)), at); }

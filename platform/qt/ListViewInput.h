@@ -31,6 +31,8 @@ private:
     void type(WPARAM unit);
     void moveTo(int row);
     void activate(int row);
+    // Of the item whose box is there; invalid for none.
+    QModelIndex boxAt(const ListViewSurface::Hit& hit) const;
     LRESULT notifyClick(UINT code, const ListViewSurface::Hit& hit, POINT at);
 
     ListViewSurface& surface_;
@@ -39,4 +41,6 @@ private:
     Notify notify_;
     TypedSearch search_;
     bool isPressed_ = false;
+    // The item on whose box the mouse went down.
+    QPersistentModelIndex pressedBox_;
 };

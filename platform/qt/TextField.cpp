@@ -41,6 +41,7 @@ public:
         document()->setPlainText(withInnerEnds(text)); // the field's own would lay the text out to show its cursor
         document()->setModified(false);
         seen_ = document()->revision();
+        moveCursor(QTextCursor::Start);
     }
     Span selection() const override {
         QTextCursor cursor = textCursor();
@@ -54,8 +55,8 @@ public:
     }
     void replaceSelection(const QString& text) override {
         QString fitting = fit(withInnerEnds(text));
-        if (!fitting.isEmpty() || textCursor().hasSelection()) insertPlainText(fitting);
         if (fitting.size() < withInnerEnds(text).size()) overflow();
+        if (!fitting.isEmpty() || textCursor().hasSelection()) insertPlainText(fitting);
     }
     void eraseBack() override { textCursor().deletePreviousChar(); }
     void showCaret() override { ensureCursorVisible(); }

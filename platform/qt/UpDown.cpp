@@ -3,6 +3,7 @@
 #include "platform/qt/UpDownFace.h"
 #include "platform/qt/Window.h"
 #include "platform/qt/controlClasses.h"
+#include "platform/qt/keyboard.h"
 
 #include <QKeyEvent>
 #include <QWheelEvent>
@@ -179,7 +180,8 @@ LRESULT UpDown::setPosition(long long wanted) {
     int before = std::exchange(position_, static_cast<int>(confined(wanted)));
     if (Window* field = buddy(); field != nullptr && (style() & UDS_SETBUDDYINT) != 0) {
         std::u16string number = QString::number(position_).toStdU16String();
-        field->send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(toWide(number)));
+        if (textOf(*field).toStdU16String() != number)
+            field->send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(toWide(number)));
     }
     return before;
 }

@@ -151,5 +151,9 @@ private:
 
 // Copies a text as WM_GETTEXT does: at most size - 1 characters and a terminator. The number copied.
 LRESULT copyText(const QString& text, WPARAM size, LPARAM buffer) noexcept;
+// Where a mouse message was, in the client area.
+inline POINT pointOfMouse(LPARAM position) noexcept {
+    return {static_cast<SHORT>(LOWORD(position)), static_cast<SHORT>(HIWORD(position))};
+}
 QString textFrom(LPCWSTR text);
 inline QString textFrom(LPARAM text) { return textFrom(reinterpret_cast<LPCWSTR>(text)); } // NOLINT

@@ -1,5 +1,6 @@
 // Between the events of widgets and messages.
 #include "platform/posix/service.h"
+#include "platform/qt/Dialog.h"
 #include "platform/qt/Window.h"
 #include "platform/qt/keys.h"
 
@@ -140,6 +141,9 @@ bool Window::translateKey(QEvent& event) {
     deliver(event, typed.empty(), WM_KEYDOWN, virtualKeyOf(key), once);
     for (std::size_t i = 0; i < typed.size() && self != nullptr && handle_ != nullptr; ++i)
         deliver(event, i + 1 == typed.size(), WM_CHAR, typed[i], once);
+    // What a control does not want is not for its dialog, nor for itself once more; the field of a combo box has its
+    // box.
+    if (self == nullptr || handle_ == nullptr || Dialog::of(parent()) != nullptr) event.accept();
     return true;
 }
 
