@@ -46,7 +46,7 @@ class Reference : public testing::TestWithParam<reference::Scene> {};
 TEST_P(Reference, isMet) {
     const std::map<std::string, std::string> expected = blocksOfFile("notifications.txt");
     const std::map<std::string, std::string> ourOwn = blocksOfFile("differences.txt");
-    std::istringstream record(reference::record(GetParam(), 5));
+    std::istringstream record(reference::record(GetParam(), 15));
     for (const auto& [title, told] : blocksOf(record)) {
         ASSERT_EQ(expected.count(title), 1U) << title << " was never recorded";
         const auto own = ourOwn.find(title);

@@ -3,6 +3,7 @@
 #include "platform/list_view.h"
 
 #include <map>
+#include <utility>
 
 namespace reference {
 
@@ -108,7 +109,7 @@ private:
             SetTimer(window, 1, settleTime_, nullptr);
             return true;
         case WM_TIMER:
-            next();
+            if (std::exchange(quiet_, text_.size() + changes_.size()) == text_.size() + changes_.size()) next();
             return true;
         case WM_COMMAND:
             tellCommand(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
@@ -211,6 +212,7 @@ private:
     UINT settleTime_;
     DialogHands hands_;
     std::size_t step_ = 0;
+    std::size_t quiet_ = 0; // how much had been told when the timer last ran out
     std::string text_;
     std::map<int, Change> changes_; // since the last line
 };

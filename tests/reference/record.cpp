@@ -15,6 +15,6 @@ int main(int count, char** arguments) {
     InitCommonControlsEx(&classes);
     std::ofstream file(arguments[1], std::ios::binary);
     for (const reference::Scene& scene : reference::scenes())
-        file << reference::record(scene, 100) << std::flush;
+        file << reference::record(scene, 60) << std::flush;
     return file ? EXIT_SUCCESS : EXIT_FAILURE;
 }
