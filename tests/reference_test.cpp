@@ -11,7 +11,7 @@
 
 namespace reference {
 
-void PrintTo(const Scene& scene, std::ostream* out) { *out << scene.title; }
+void PrintTo(const Recording& recording, std::ostream* out) { *out << recording.title; }
 
 } // namespace reference
 
@@ -41,12 +41,12 @@ std::map<std::string, std::string> blocksOfFile(const std::string& name) {
     return blocksOf(file);
 }
 
-class Reference : public testing::TestWithParam<reference::Scene> {};
+class Reference : public testing::TestWithParam<reference::Recording> {};
 
 TEST_P(Reference, isMet) {
     const std::map<std::string, std::string> expected = blocksOfFile("notifications.txt");
     const std::map<std::string, std::string> ourOwn = blocksOfFile("differences.txt");
-    std::istringstream record(reference::record(GetParam(), 15));
+    std::istringstream record(GetParam().record(15));
     for (const auto& [title, told] : blocksOf(record)) {
         ASSERT_EQ(expected.count(title), 1U) << title << " was never recorded";
         const auto own = ourOwn.find(title);
@@ -55,7 +55,7 @@ TEST_P(Reference, isMet) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenes, Reference, testing::ValuesIn(reference::scenes()), [](const auto& scene) {
+INSTANTIATE_TEST_SUITE_P(Scenes, Reference, testing::ValuesIn(reference::recordings()), [](const auto& scene) {
     std::string name = scene.param.title;
     for (char& letter : name)
         if (letter == ' ' || letter == '-') letter = '_';

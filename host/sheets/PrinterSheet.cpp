@@ -50,6 +50,7 @@ LONG CALLBACK PrinterSheet::onSheet(PPROPSHEETUI_INFO info, LPARAM lParam) {
         sheet.fillHeader(*reinterpret_cast<PROPSHEETUI_INFO_HEADER*>(lParam));
         return 1;
     case PROPSHEETUI_REASON_INIT:
+        if (sheet.onOpen) sheet.onOpen();
         return sheet.addPages(*info) ? 1 : -1;
     case PROPSHEETUI_REASON_SET_RESULT:
         sheet.takeResult(*info, *reinterpret_cast<const SETRESULT_INFO*>(lParam));
@@ -62,7 +63,6 @@ LONG CALLBACK PrinterSheet::onSheet(PPROPSHEETUI_INFO info, LPARAM lParam) {
 void PrinterSheet::fillHeader(PROPSHEETUI_INFO_HEADER& header) {
     header.Flags = PSUIHDRF_EXACT_PTITLE;
     header.pTitle = toWide(title_.data());
-    if (onOpen) onOpen();
 }
 
 // The plug-in is asked for the number of its items first. What a document's sheet is opened for is the first page, and

@@ -228,8 +228,14 @@ void PropertySheet::press(WORD id) {
     if (isBusy_) return;
     if (id == IDOK && apply(true)) end(IDOK);
     if (id == IDCANCEL) cancel(false);
-    if (id == applyId && apply(false)) tell(*current(), PSN_SETACTIVE);
+    if (id == applyId) applyNow();
     if (id == IDHELP) tell(*current(), PSN_HELP);
+}
+
+bool PropertySheet::applyNow() {
+    if (isBusy_ || !apply(false)) return false;
+    tell(*current(), PSN_SETACTIVE);
+    return true;
 }
 
 bool PropertySheet::apply(bool isClosing) {
@@ -275,9 +281,8 @@ void PropertySheet::noteChanges() {
 // What was done cannot be taken back any more.
 void PropertySheet::turnCancelToClose() {
     for (Window* button : children()) {
-        if (button->id() == IDOK) button->widget()->setEnabled(false);
-        if (button->id() == IDCANCEL)
-            button->send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(buttonText("Close").utf16()));
+        if (button->id() == IDCANCEL) button->widget()->setEnabled(false);
+        if (button->id() == IDOK) button->send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(buttonText("Close").utf16()));
     }
 }
 
@@ -317,7 +322,7 @@ std::optional<LRESULT> PropertySheet::answerSheet(UINT message, WPARAM wParam, L
     case PSM_SETCURSELID:
         return activateTemplate(static_cast<ULONG_PTR>(lParam)) ? TRUE : FALSE;
     case PSM_APPLY:
-        return !isBusy_ && apply(false) ? TRUE : FALSE;
+        return applyNow() ? TRUE : FALSE;
     case PSM_PRESSBUTTON:
         for (const ButtonRow& row : buttonRows)
             if (row.button == wParam) press(row.id);

@@ -56,6 +56,7 @@ private:
     LRESULT tell(Page& page, UINT code, LPARAM lParam = FALSE);
 
     void press(WORD id);
+    bool applyNow();
     bool apply(bool isClosing);
     bool applyTo(Page& page, bool isClosing);
     void cancel(bool byFrame);

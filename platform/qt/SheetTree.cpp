@@ -106,8 +106,8 @@ LONG SheetTree::begin(PFNPROPSHEETUI function, LPARAM lParam, PROPSHEETUI_INFO_H
                    0,
                    CPSUI_CANCEL};
     root_->function = function;
-    LONG answer = root_->call(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header));
-    if (answer > 0) answer = root_->call(PROPSHEETUI_REASON_INIT, lParam);
+    LONG answer = root_->call(PROPSHEETUI_REASON_INIT, lParam);
+    if (answer > 0) answer = root_->call(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header));
     isOpen_ = true;
     return answer;
 }

@@ -41,6 +41,14 @@ void press(HWND control, POINT at);
 void release(HWND control, POINT at);
 void doubleClick(HWND control, POINT at);
 
-std::vector<Scene> scenes();
+// A scene of any kind, and what is told in it.
+struct Recording {
+    std::string title;
+    std::function<std::string(UINT settleTime)> record;
+};
+std::vector<Recording> controlRecordings();
+std::vector<Recording> sheetRecordings();
+// All of them.
+std::vector<Recording> recordings();
 
 } // namespace reference

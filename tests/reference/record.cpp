@@ -14,7 +14,7 @@ int main(int count, char** arguments) {
     classes.dwICC = 0xFFFF;
     InitCommonControlsEx(&classes);
     std::ofstream file(arguments[1], std::ios::binary);
-    for (const reference::Scene& scene : reference::scenes())
-        file << reference::record(scene, 60) << std::flush;
+    for (const reference::Recording& recording : reference::recordings())
+        file << recording.record(60) << std::flush;
     return file ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -552,8 +552,6 @@ Scene spinButton() {
             }};
 }
 
-} // namespace
-
 std::vector<Scene> scenes() {
     return {field(),
             fieldsOfKinds(),
@@ -569,6 +567,22 @@ std::vector<Scene> scenes() {
             tableWithBoxes(),
             trackbar(),
             spinButton()};
+}
+
+} // namespace
+
+std::vector<Recording> controlRecordings() {
+    std::vector<Recording> all;
+    for (const Scene& scene : scenes())
+        all.push_back({scene.title, [scene](UINT settleTime) { return record(scene, settleTime); }});
+    return all;
+}
+
+std::vector<Recording> recordings() {
+    std::vector<Recording> all = controlRecordings();
+    for (Recording& sheet : sheetRecordings())
+        all.push_back(std::move(sheet));
+    return all;
 }
 
 } // namespace reference
