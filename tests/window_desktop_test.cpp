@@ -36,13 +36,17 @@ TEST_F(Dialogs, aScreenReaderHearsWhatEachControlIs) {
         {u"Button", BS_AUTORADIOBUTTON, u"&All", "All", QAccessible::RadioButton},
     };
     for (const Row& row : rows) {
-        open({{u"Static", SS_LEFT, label, u"&Copies:"}, {row.className, row.style | WS_TABSTOP, editA, row.text}});
+        HWND dialog =
+            open({{u"Static", SS_LEFT, label, u"&Copies:"}, {row.className, row.style | WS_TABSTOP, editA, row.text}});
         key(VK_TAB);
         ASSERT_EQ(focusedId(), editA) << row.name;
         QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
         ASSERT_NE(heard, nullptr);
         EXPECT_EQ(heard->text(QAccessible::Name).toStdString(), row.name)
             << QString::fromUtf16(row.className).toStdString();
+        SetDlgItemTextW(dialog, label, u"Num&ber:");
+        const bool isCalledByLabel = row.name == std::string("Copies:");
+        EXPECT_EQ(heard->text(QAccessible::Name).toStdString(), isCalledByLabel ? "Number:" : row.name);
         EXPECT_EQ(heard->role(), row.role) << QString::fromUtf16(row.className).toStdString() << " " << row.style;
     }
 }

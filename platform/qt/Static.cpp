@@ -7,6 +7,7 @@
 #include "platform/qt/controlClasses.h"
 #include "platform/qt/controlColours.h"
 #include "platform/qt/ownerDraw.h"
+#include "platform/qt/readerNames.h"
 #include "platform/qt/windowCalls.h"
 
 #include <QLabel>
@@ -149,8 +150,10 @@ LRESULT Static::answer(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT Static::setText(const QString& text) {
+    const bool isOther = text != label()->text();
     label()->setText(text);
     label()->update();
+    if (isOther) renameForReaders(*this);
     return TRUE;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/qt/Dialog.h"
 #include "platform/qt/controlClasses.h"
 #include "platform/qt/keyboard.h"
+#include "platform/qt/readerNames.h"
 #include "platform/qt/windowCalls.h"
 
 #include <QFrame>
@@ -51,22 +52,6 @@ Window* addItem(Dialog& dialog, const TemplateItem& item, HINSTANCE instance) {
     control.widget()->setEnabled(!has(item.style, WS_DISABLED));
     control.widget()->setVisible(has(item.style, WS_VISIBLE));
     return &control;
-}
-
-bool hasOwnName(const Window& control) { return control.isOfClass(WC_BUTTONW) || control.isOfClass(WC_STATICW); }
-
-// What a screen reader says of a control without a text of its own is the label before it.
-void nameForReaders(const std::vector<Window*>& controls) {
-    QString label;
-    for (Window* control : controls) {
-        if (hasOwnName(*control)) {
-            QString text = textOf(*control);
-            if (control->isOfClass(WC_STATICW) && !text.isEmpty()) label = withoutMnemonic(text);
-        } else if (!label.isEmpty() && control->widget()->accessibleName().isEmpty()) {
-            control->widget()->setAccessibleName(label);
-            if (QWidget* field = control->widget()->focusProxy()) field->setAccessibleName(label);
-        }
-    }
 }
 
 bool addItems(Dialog& dialog, const DialogTemplate& from, HINSTANCE instance) {
