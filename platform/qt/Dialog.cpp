@@ -10,6 +10,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -87,8 +88,9 @@ bool Dialog::isBlocked(const Window& window) noexcept {
 
 INT_PTR Dialog::runModal() {
     QPointer<Dialog> self = this;
-    Window* ownedBy = owner();
-    if (!isEnded_ && handle() != nullptr) {
+    if (!isEnded_ && handle() != nullptr) coverOwner();
+    if (self != nullptr && !isEnded_ && handle() != nullptr) {
+        Window* ownedBy = owner();
         if (ownedBy == nullptr) keepAbove(*widget(), QApplication::activeWindow());
         Running running(*this);
         QEventLoop loop;
@@ -107,9 +109,20 @@ INT_PTR Dialog::runModal() {
     return result;
 }
 
+// Its owner's keys and mouse are this dialog's until it ends.
+void Dialog::coverOwner() {
+    Window* ownedBy = owner();
+    if (ownedBy == nullptr || isBlocked(ownedBy->root())) return;
+    covered_ = &ownedBy->root();
+    covered_->send(WM_ENABLE, FALSE);
+}
+
 void Dialog::end(INT_PTR result) {
     endResult_ = result;
     isEnded_ = true;
+    if (widget() == nullptr) return;
+    if (Window* freed = std::exchange(covered_, nullptr); freed != nullptr && freed->handle() != nullptr)
+        freed->send(WM_ENABLE, TRUE);
     if (widget() == nullptr) return;
     QWidget* next = widget()->parentWidget();
     bool wasActive = widget()->isActiveWindow();

@@ -7,6 +7,7 @@
 #include "platform/qt/dialogTemplate.h"
 
 #include <QEventLoop>
+#include <QPointer>
 
 inline constexpr const WCHAR* dialogClassName = u"#32770";
 
@@ -56,6 +57,7 @@ private:
     LRESULT setDefaultId(WORD id);
     LRESULT close();
     void tellActive(bool isActive);
+    void coverOwner();
 
     DialogUnits units_;
     LONG_PTR result_ = 0;
@@ -65,4 +67,6 @@ private:
     QEventLoop* loop_ = nullptr;
     INT_PTR endResult_ = -1;
     bool isEnded_ = false;
+    // The window that was told that it takes no input.
+    QPointer<Window> covered_;
 };

@@ -64,7 +64,12 @@ UINT_PTR SetTimer(HWND hWnd, UINT_PTR nIDEvent, UINT uElapse, TIMERPROC lpTimerF
     if (hWnd != nullptr && window == nullptr) return 0;
     TimerKey key{hWnd, hWnd == nullptr && !timers().contains({hWnd, nIDEvent}) ? freeId() : nIDEvent};
     auto timer = std::unique_ptr<QTimer, DeleteLater>(new QTimer);
-    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), [key, lpTimerFunc] { fire(key, lpTimerFunc); });
+    // The toolkit's own repetition waits for the handler to return, which may run a dialog.
+    timer->setSingleShot(true);
+    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), [again = timer.get(), key, lpTimerFunc] {
+        again->start();
+        fire(key, lpTimerFunc);
+    });
     if (window != nullptr) QObject::connect(window, &QObject::destroyed, timer.get(), [key] { timers().erase(key); });
     timer->start(static_cast<int>(std::clamp(uElapse, shortest, longest)));
     timers()[key] = std::move(timer);

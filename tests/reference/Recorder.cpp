@@ -122,6 +122,9 @@ private:
             tell(reinterpret_cast<HWND>(lParam), "scroll " + nameOf(scrollCodes, LOWORD(wParam)) +
                                                      (HIWORD(wParam) != 0 ? " " + std::to_string(HIWORD(wParam)) : ""));
             return false;
+        case WM_ENABLE:
+            line(wParam != 0 ? "enabled" : "disabled");
+            return false;
         case WM_KEYDOWN:
         case WM_CHAR:
             line("a key of its own");

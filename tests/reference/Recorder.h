@@ -46,8 +46,10 @@ struct Recording {
     std::string title;
     std::function<std::string(UINT settleTime)> record;
 };
-std::vector<Recording> controlRecordings();
 std::vector<Recording> sheetRecordings();
+std::vector<Scene> fieldScenes();
+std::vector<Scene> listScenes();
+std::vector<Scene> rangeScenes();
 // All of them.
 std::vector<Recording> recordings();
 
